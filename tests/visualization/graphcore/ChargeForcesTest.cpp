@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "visualization/graphcore/ChargeForces.h"
+
+#include "tests/visualization/graphcore/PlainParticles.h"
+
+#include <QtTest>
+
+#include <cstring>
+#include <limits>
+#include <random>
+
+using Kova::ParticleSystem::ChargeArrays;
+using Kova::ParticleSystem::InstructionSet;
+
+Q_DECLARE_METATYPE(InstructionSet)
+
+namespace {
+
+enum class Spread { Wide, Crowded, OneRow, AllInOnePlace, JustBelowPowersOfTwo, Huge };
+
+PlainParticles::Simulation randomParticles(std::size_t count, Spread spread, unsigned seed) {
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<double> wide(-9000.0, 9000.0);
+    std::uniform_int_distribution<int> crowded(0, 3);
+    std::uniform_int_distribution<int> degree(0, 12);
+    PlainParticles::Simulation simulation;
+    for (std::size_t i = 0; i < count; ++i) {
+        double x = wide(random), y = wide(random);
+        if (spread == Spread::Crowded) {
+            x = crowded(random) * 0.25;
+            y = crowded(random) * 0.75;
+        } else if (spread == Spread::OneRow) {
+            y = 5.0;
+        } else if (spread == Spread::AllInOnePlace) {
+            x = y = 7.5;
+        } else if (spread == Spread::JustBelowPowersOfTwo) {
+            // Half of the particles in one place, so that cubes of distances have fractions that are nearly all ones.
+            x = i % 2 == 0 ? 0.0 : std::ldexp(1.0 - std::ldexp(crowded(random), -53), static_cast<int>(i % 7));
+            y = 0;
+        } else if (spread == Spread::Huge) {
+            x *= 1e60;
+            y *= 1e-60;
+        }
+        simulation.add(x, y, {});
+        PlainParticles::Particle& particle = simulation.particles.back();
+        particle.mass = i % 2 == 0 ? 1.0 + 5.0 * degree(random) : std::abs(wide(random));
+        particle.fx = wide(random) * 1e-3;
+        particle.fy = i % 3 == 0 ? 0.0 : wide(random);
+    }
+    return simulation;
+}
+
+ChargeArrays arraysOf(const PlainParticles::Simulation& simulation) {
+    ChargeArrays arrays;
+    for (const PlainParticles::Particle& particle : simulation.particles) {
+        arrays.x.push_back(particle.x);
+        arrays.y.push_back(particle.y);
+        arrays.mass.push_back(particle.mass);
+        arrays.fx.push_back(particle.fx);
+        arrays.fy.push_back(particle.fy);
+    }
+    return arrays;
+}
+
+bool sameBits(double a, double b) {
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+const std::vector<std::pair<const char*, InstructionSet>> Sets = {{"portable", InstructionSet::Portable},
+                                                                  {"sse2", InstructionSet::Sse2},
+                                                                  {"avx2", InstructionSet::Avx2},
+                                                                  {"avx512", InstructionSet::Avx512}};
+
+void addSetRows() {
+    QTest::addColumn<InstructionSet>("set");
+    for (const auto& [name, set] : Sets)
+        QTest::newRow(name) << set;
+}
+
+} // namespace
+
+class ChargeForcesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void portableIsAlwaysSupportedAndWidestIsSupported() {
+        QVERIFY(Kova::ParticleSystem::isSupported(InstructionSet::Portable));
+        const InstructionSet widest = Kova::ParticleSystem::widestInstructionSet();
+        QVERIFY(Kova::ParticleSystem::isSupported(widest));
+        for (const auto& [name, set] : Sets)
+            QVERIFY2(set <= widest || !Kova::ParticleSystem::isSupported(set), name);
+    }
+
+    void noParticlesAndOneParticle_data() { addSetRows(); }
+    void noParticlesAndOneParticle() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        ChargeArrays none;
+        QCOMPARE(Kova::ParticleSystem::addCharges(none, 3000.0, set), 10000.0);
+        ChargeArrays one{{3}, {4}, {6}, {1.5}, {-2.5}};
+        QCOMPARE(Kova::ParticleSystem::addCharges(one, 3000.0, set), 10000.0);
+        QCOMPARE(one.fx[0], 1.5);
+        QCOMPARE(one.fy[0], -2.5);
+    }
+
+    // Masses 1 and 6 at distance 5: k = 3000 * 6 / 125 = 144, forces 144 * (3, 4).
+    void twoParticlesByHand_data() { addSetRows(); }
+    void twoParticlesByHand() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        ChargeArrays two{{10, 13}, {20, 24}, {1, 6}, {0, 0}, {0, 0}};
+        QCOMPARE(Kova::ParticleSystem::addCharges(two, 3000.0, set), 5.0);
+        QCOMPARE(two.fx[1], 432.0);
+        QCOMPARE(two.fy[1], 576.0);
+        QCOMPARE(two.fx[0], -432.0);
+        QCOMPARE(two.fy[0], -576.0);
+    }
+
+    // Closer than 1 counts as 1: k = 3000 * 1 * 2 * 1, times half a unit.
+    void nearPairCountsAsOneUnitApart_data() { addSetRows(); }
+    void nearPairCountsAsOneUnitApart() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        ChargeArrays two{{0, 0.5}, {0, 0}, {1, 2}, {0, 0}, {0, 0}};
+        QCOMPARE(Kova::ParticleSystem::addCharges(two, 3000.0, set), 1.0);
+        QCOMPARE(two.fx[1], 3000.0);
+        QCOMPARE(two.fx[0], -3000.0);
+    }
+
+    void everySetEqualsThePlainLoopBitForBit_data() {
+        QTest::addColumn<InstructionSet>("set");
+        QTest::addColumn<int>("spread");
+        const std::pair<const char*, Spread> spreads[] = {{"wide", Spread::Wide},
+                                                          {"crowded", Spread::Crowded},
+                                                          {"one row", Spread::OneRow},
+                                                          {"all in one place", Spread::AllInOnePlace},
+                                                          {"below powers of two", Spread::JustBelowPowersOfTwo},
+                                                          {"huge", Spread::Huge}};
+        for (const auto& [name, set] : Sets)
+            for (const auto& [spreadName, spread] : spreads)
+                QTest::addRow("%s, %s", name, spreadName) << set << static_cast<int>(spread);
+    }
+    void everySetEqualsThePlainLoopBitForBit() {
+        QFETCH(InstructionSet, set);
+        QFETCH(int, spread);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        std::vector<std::size_t> counts{100, 255, 511};
+        for (std::size_t count = 2; count <= 35; ++count)
+            counts.push_back(count);
+        for (const std::size_t count : counts) {
+            for (unsigned seed = 1; seed <= 3; ++seed) {
+                PlainParticles::Simulation plain = randomParticles(count, static_cast<Spread>(spread), seed);
+                ChargeArrays arrays = arraysOf(plain);
+                const double smallest = Kova::ParticleSystem::addCharges(arrays, 3000.0, set);
+                QVERIFY(sameBits(smallest, plain.addCharges()));
+                for (std::size_t i = 0; i < count; ++i) {
+                    QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
+                    QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
+                }
+            }
+        }
+    }
+
+    // A few million quotients that no particular graph gives.
+    void quotientsOfRandomStrengthsAreExact_data() { addSetRows(); }
+    void quotientsOfRandomStrengthsAreExact() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        for (unsigned seed = 1; seed <= 20; ++seed) {
+            PlainParticles::Simulation plain = randomParticles(500, Spread::Wide, seed);
+            plain.coulomb = 1.0 / (0.1 + seed);
+            ChargeArrays arrays = arraysOf(plain);
+            Kova::ParticleSystem::addCharges(arrays, plain.coulomb, set);
+            plain.addCharges();
+            for (std::size_t i = 0; i < plain.particles.size(); ++i) {
+                QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
+                QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
+            }
+        }
+    }
+
+    // Masses and coefficients that nobody should choose, still without a difference.
+    void strangeStrengthsAreExact_data() { addSetRows(); }
+    void strangeStrengthsAreExact() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        for (const double coulomb : {0.0, -3000.0, 1e-300, 1e200}) {
+            PlainParticles::Simulation plain = randomParticles(33, Spread::Wide, 5);
+            plain.coulomb = coulomb;
+            plain.particles[2].mass = 0;
+            plain.particles[9].mass = 1e-200;
+            plain.particles[12].mass = 1e90;
+            ChargeArrays arrays = arraysOf(plain);
+            Kova::ParticleSystem::addCharges(arrays, coulomb, set);
+            plain.addCharges();
+            for (std::size_t i = 0; i < plain.particles.size(); ++i) {
+                QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
+                QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
+            }
+        }
+    }
+
+    // Every tile position of a pair in turn holds the nearest two.
+    void nearestPairIsFoundWhereverItStands_data() { addSetRows(); }
+    void nearestPairIsFoundWhereverItStands() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        const std::size_t count = 19;
+        for (std::size_t p = 1; p < count; ++p) {
+            for (std::size_t q = 0; q < p; ++q) {
+                PlainParticles::Simulation plain;
+                for (std::size_t i = 0; i < count; ++i)
+                    plain.add(100.0 * static_cast<double>(i), 0, {});
+                plain.particles[p].x = plain.particles[q].x;
+                plain.particles[p].y = 42.0;
+                ChargeArrays arrays = arraysOf(plain);
+                QCOMPARE(Kova::ParticleSystem::addCharges(arrays, 3000.0, set), 42.0);
+            }
+        }
+    }
+
+    void positionsThatAreNoNumbersSpreadAsInThePlainLoop_data() { addSetRows(); }
+    void positionsThatAreNoNumbersSpreadAsInThePlainLoop() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        PlainParticles::Simulation plain = randomParticles(20, Spread::Wide, 4);
+        plain.particles[3].x = std::numeric_limits<double>::quiet_NaN();
+        plain.particles[17].x = std::numeric_limits<double>::infinity();
+        ChargeArrays arrays = arraysOf(plain);
+        const double smallest = Kova::ParticleSystem::addCharges(arrays, 3000.0, set);
+        QVERIFY(sameBits(smallest, plain.addCharges()));
+        for (std::size_t i = 0; i < 20; ++i) {
+            QVERIFY(std::isnan(arrays.fx[i]));
+            QVERIFY(std::isnan(plain.particles[i].fx));
+        }
+    }
+};
+
+QTEST_APPLESS_MAIN(ChargeForcesTest)
+#include "ChargeForcesTest.moc"
