@@ -74,4 +74,18 @@ QPainterPath arrowCurvePath(const ArrowCurve& curve) {
     return path;
 }
 
+bool stripTouches(const ArrowCurve& curve, const QRectF& area, double margin) {
+    const double dx = static_cast<double>(curve.end.x()) - curve.start.x();
+    const double dy = static_cast<double>(curve.end.y()) - curve.start.y();
+    // Distance from the line times its length, for every point: a cubic curve stays between its control points.
+    const auto offset = [&](double x, double y) { return dx * (y - curve.start.y()) - dy * (x - curve.start.x()); };
+    const auto of = [&](const QPoint& point) { return offset(point.x(), point.y()); };
+    const auto [low, high] = std::minmax(
+        {0.0, of(curve.firstControl), of(curve.secondControl), of(curve.wings.first), of(curve.wings.second)});
+    const double center = offset(area.center().x(), area.center().y());
+    const double radius = (std::abs(dy) * area.width() + std::abs(dx) * area.height()) * 0.5 +
+                          (margin + 1.0) * (std::abs(dx) + std::abs(dy));
+    return center + radius >= low && center - radius <= high;
+}
+
 } // namespace Kova::GUI

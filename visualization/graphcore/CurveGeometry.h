@@ -5,6 +5,7 @@
 
 #include <QPainterPath>
 #include <QPoint>
+#include <QRectF>
 
 namespace Kova::GUI {
 
@@ -55,5 +56,10 @@ struct ArrowCurve {
 
 /// Start, curve to the end; then first wing, end, second wing.
 [[nodiscard]] VISUALIZATION_EXPORT QPainterPath arrowCurvePath(const ArrowCurve& curve);
+
+/// False when a stroke of half width `margin` along curve and arrowhead cannot touch the area: the area lies to one
+/// side of the strip, parallel to the line from start to end, that holds all points of the curve. Tells far more long
+/// slanted curves apart than their bounding rectangle does.
+[[nodiscard]] VISUALIZATION_EXPORT bool stripTouches(const ArrowCurve& curve, const QRectF& area, double margin);
 
 } // namespace Kova::GUI
