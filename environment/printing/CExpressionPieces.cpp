@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "environment/printing/CExpressionPieces.h"
+
+#include "environment/printing/CDeclarator.h"
+#include "environment/printing/COperators.h"
+#include "environment/tessel/AssignmentExpression.h"
+#include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/CastExpression.h"
+#include "environment/tessel/CompoundLiteralExpression.h"
+#include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/DesignatedInitializerExpression.h"
+#include "environment/tessel/EnumeratorDeclaration.h"
+#include "environment/tessel/EnumeratorReference.h"
+#include "environment/tessel/FieldDeclaration.h"
+#include "environment/tessel/GenericSelectionExpression.h"
+#include "environment/tessel/InitializerListExpression.h"
+#include "environment/tessel/LabelAddressExpression.h"
+#include "environment/tessel/LiteralExpression.h"
+#include "environment/tessel/MemberExpression.h"
+#include "environment/tessel/OpaqueExpression.h"
+#include "environment/tessel/SectionExpression.h"
+#include "environment/tessel/StatementExpression.h"
+#include "environment/tessel/SubroutineCallExpression.h"
+#include "environment/tessel/SubroutineDeclaration.h"
+#include "environment/tessel/SubroutineReference.h"
+#include "environment/tessel/SubscriptExpression.h"
+#include "environment/tessel/TypeQueryExpression.h"
+#include "environment/tessel/UnaryExpression.h"
+#include "environment/tessel/VariableDeclaration.h"
+#include "environment/tessel/VariableReference.h"
+#include "environment/tessel/VariadicArgumentExpression.h"
+
+#include <string>
+
+namespace Kova::Backends {
+
+using namespace Tessel;
+
+Precedence CExpressionPieces::expand(TesselBase& node, PieceList& out) {
+    m_out = &out;
+    m_node = &node;
+    m_precedence = Precedence::Primary;
+    node.accept(*this);
+    return m_precedence;
+}
+
+void CExpressionPieces::expandType(const Type& type, TesselBase& owner, PieceList& out) {
+    out.append(CDeclarator::declarationPieces(&type, {}, owner));
+}
+
+BinaryForm CExpressionPieces::formOf(BinaryOperator operation) const {
+    return cFormOf(operation);
+}
+
+UnaryForm CExpressionPieces::formOf(UnaryOperator operation) const {
+    return cFormOf(operation);
+}
+
+void CExpressionPieces::arguments(std::size_t firstChild) {
+    for (std::size_t i = firstChild; i < m_node->getChildCount(); ++i) {
+        if (i != firstChild)
+            text(", ");
+        child(m_node->getChild(i), Precedence::Assignment);
+    }
+}
+
+void CExpressionPieces::visit(VariableReference& node) {
+    text(node.getVariable().getName());
+}
+
+void CExpressionPieces::visit(SubroutineReference& node) {
+    text(node.getSubroutine().getName());
+}
+
+void CExpressionPieces::visit(EnumeratorReference& node) {
+    text(node.getEnumerator().getName());
+}
+
+void CExpressionPieces::visit(LiteralExpression& node) {
+    const std::string& literal = node.getText();
+    if (!literal.empty() && (literal.front() == '-' || literal.front() == '+'))
+        setPrecedence(signedNumber());
+    text(toOneLine(literal, textStyle()));
+}
+
+void CExpressionPieces::visit(UnaryExpression& node) {
+    const UnaryForm form = formOf(node.getOperator());
+    setPrecedence(form.precedence);
+    if (form.shape != UnaryForm::Shape::Postfix)
+        text(form.symbol);
+    if (form.shape == UnaryForm::Shape::Call)
+        text("(");
+    child(node.getOperand(), form.operand);
+    if (form.shape == UnaryForm::Shape::Call)
+        text(")");
+    if (form.shape == UnaryForm::Shape::Postfix)
+        text(form.symbol);
+}
+
+void CExpressionPieces::visit(BinaryExpression& node) {
+    using Shape = BinaryForm::Shape;
+    const BinaryForm form = formOf(node.getOperator());
+    setPrecedence(form.precedence);
+    if (form.shape == Shape::Call) {
+        text(form.symbol);
+        text("(");
+        arguments(0);
+        text(")");
+        return;
+    }
+    const Precedence same = form.precedence;
+    child(node.getLeft(), form.shape == Shape::LeftAssociative ? same : tighter(same));
+    text((same == Precedence::Comma ? "" : " ") + std::string(form.symbol) + " ");
+    child(node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
+}
+
+void CExpressionPieces::visit(AssignmentExpression& node) {
+    setPrecedence(Precedence::Assignment);
+    child(node.getTarget(), Precedence::Unary);
+    // A compound assignment is C's even where a Fortran program holds one.
+    text(" " + std::string(node.isCompound() ? cFormOf(*node.getOperator()).symbol : "") + "= ");
+    child(node.getValue(), Precedence::Assignment);
+}
+
+void CExpressionPieces::visit(ConditionalExpression& node) {
+    setPrecedence(Precedence::Conditional);
+    child(node.getCondition(), tighter(Precedence::Conditional));
+    if (node.getFirst() != nullptr) {
+        text(" ? ");
+        child(node.getFirst());
+        text(" : ");
+    } else {
+        text(" ?: ");
+    }
+    child(node.getSecond(), Precedence::Conditional);
+}
+
+void CExpressionPieces::visit(CastExpression& node) {
+    setPrecedence(Precedence::Cast);
+    text("(");
+    type(node.getType());
+    text(") ");
+    child(node.getOperand(), Precedence::Cast);
+}
+
+/// Several indices, as Fortran has them, are written as C writes those of an array of arrays.
+void CExpressionPieces::visit(SubscriptExpression& node) {
+    setPrecedence(Precedence::Postfix);
+    child(node.getBase(), Precedence::Postfix);
+    for (std::size_t i = 0; i < node.getIndexCount(); ++i) {
+        text("[");
+        child(node.getIndex(i));
+        text("]");
+    }
+}
+
+/// Only Fortran has sections; there is one way to write them.
+void CExpressionPieces::visit(SectionExpression& node) {
+    setPrecedence(Precedence::Conditional);
+    const Precedence part = tighter(Precedence::Conditional);
+    child(node.getLower(), part);
+    text(":");
+    child(node.getUpper(), part);
+    if (node.getStride() != nullptr)
+        text(":");
+    child(node.getStride(), part);
+}
+
+/// The members of a member without a name are written as its owner's: that member prints the `.` or `->` and the
+/// member inside it the name.
+void CExpressionPieces::visit(MemberExpression& node) {
+    setPrecedence(Precedence::Postfix);
+    const auto* outer = dynamic_cast<const MemberExpression*>(node.getBase());
+    const bool isInsideUnnamed = outer != nullptr && outer->getField().getName().empty();
+    child(node.getBase(), Precedence::Postfix);
+    if (!isInsideUnnamed)
+        text(node.getAccess() == MemberExpression::Access::ThroughPointer ? "->" : ".");
+    text(node.getField().getName());
+}
+
+void CExpressionPieces::visit(SubroutineCallExpression& node) {
+    setPrecedence(Precedence::Postfix);
+    child(node.getCallee(), Precedence::Postfix);
+    text("(");
+    arguments(1);
+    text(")");
+}
+
+void CExpressionPieces::visit(TypeQueryExpression& node) {
+    setPrecedence(Precedence::Unary);
+    text(node.getQuery() == TypeQueryExpression::Query::SizeOf ? "sizeof " : "_Alignof ");
+    if (node.getQueriedType() != nullptr) {
+        text("(");
+        type(node.getQueriedType());
+        text(")");
+    }
+    child(node.getOperand(), Precedence::Unary);
+}
+
+void CExpressionPieces::visit(InitializerListExpression& node) {
+    const bool isEmpty = node.getChildCount() == 0;
+    text(isEmpty ? "{}" : "{ ");
+    arguments(0);
+    text(isEmpty ? "" : " }");
+}
+
+void CExpressionPieces::visit(DesignatedInitializerExpression& node) {
+    using Kind = DesignatedInitializerExpression::Designator::Kind;
+    setPrecedence(Precedence::Assignment);
+    std::size_t index = 0;
+    for (const auto& designator : node.getDesignators()) {
+        if (designator.kind == Kind::Field) {
+            text("." + designator.field);
+            continue;
+        }
+        text("[");
+        child(node.getIndex(index++), Precedence::Conditional);
+        if (designator.kind == Kind::IndexRange) {
+            text(" ... ");
+            child(node.getIndex(index++), Precedence::Conditional);
+        }
+        text("]");
+    }
+    text(" = ");
+    child(node.getValue(), Precedence::Assignment);
+}
+
+void CExpressionPieces::visit(CompoundLiteralExpression& node) {
+    setPrecedence(Precedence::Postfix);
+    text("(");
+    type(node.getType());
+    text(") ");
+    child(node.getInitializer());
+}
+
+void CExpressionPieces::visit(GenericSelectionExpression& node) {
+    text("_Generic(");
+    child(node.getControl(), Precedence::Assignment);
+    for (std::size_t i = 0; i < node.getAssociationCount(); ++i) {
+        text(", ");
+        if (node.getAssociationType(i) != nullptr)
+            type(node.getAssociationType(i));
+        else
+            text("default");
+        text(": ");
+        child(node.getAssociationValue(i), Precedence::Assignment);
+    }
+    text(")");
+}
+
+void CExpressionPieces::visit(StatementExpression& node) {
+    text("(");
+    child(node.getBlock());
+    text(")");
+}
+
+void CExpressionPieces::visit(VariadicArgumentExpression& node) {
+    setPrecedence(Precedence::Postfix);
+    text("va_arg(");
+    child(node.getList(), Precedence::Assignment);
+    text(", ");
+    type(node.getType());
+    text(")");
+}
+
+void CExpressionPieces::visit(LabelAddressExpression& node) {
+    setPrecedence(Precedence::Unary);
+    text("&&" + node.getLabelName());
+}
+
+void CExpressionPieces::visit(OpaqueExpression& node) {
+    setPrecedence(precedenceOfText(node.getText()));
+    text(toOneLine(node.getText(), textStyle()));
+}
+
+} // namespace Kova::Backends

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/printing/CDeclarationPieces.h"
+
+namespace Kova::Tessel {
+class BlockStatement;
+}
+
+namespace Kova::Backends {
+
+/// How C writes statements: every statement of a block on a line of its own, bodies always in braces. Completes the
+/// language.
+class CStatementPieces : public CDeclarationPieces {
+public:
+    using CDeclarationPieces::visit;
+    void visit(Tessel::BlockStatement& node) override;
+    void visit(Tessel::ExpressionStatement& node) override;
+    void visit(Tessel::DeclarationStatement& node) override;
+    void visit(Tessel::IfStatement& node) override;
+    void visit(Tessel::SwitchStatement& node) override;
+    void visit(Tessel::CaseStatement& node) override;
+    void visit(Tessel::LabelStatement& node) override;
+    void visit(Tessel::GotoStatement& node) override;
+    void visit(Tessel::BreakStatement& node) override;
+    void visit(Tessel::ContinueStatement& node) override;
+    void visit(Tessel::ReturnStatement& node) override;
+    void visit(Tessel::NullStatement& node) override;
+    void visit(Tessel::OpaqueStatement& node) override;
+    void visit(Tessel::ForStatement& node) override;
+    void visit(Tessel::WhileStatement& node) override;
+    void visit(Tessel::DoWhileStatement& node) override;
+
+private:
+    /// What follows a header in parentheses; a lone semicolon when it is missing.
+    void body(Tessel::BlockStatement* block);
+    /// The colon of a label, with an empty statement where the language wants one to mark.
+    void labelEnd(const Tessel::StatementBase& label);
+};
+
+} // namespace Kova::Backends

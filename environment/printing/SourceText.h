@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/printing/Precedence.h"
+
+#include <string>
+
+namespace Kova::Backends {
+
+/// How source text marks comments and lines that go on.
+enum class TextStyle { C, Fortran };
+
+/// Source text on one line: a blank stands for each line end with the blanks around it, and for each comment.
+[[nodiscard]] std::string toOneLine(const std::string& text, TextStyle style);
+
+/// How tightly source text that nobody parsed can be trusted to hold together. One word, with at most one bracketed
+/// group behind it, or one bracketed group alone is primary: `x`, `offsetof(s, m)`, `(a + b)`. Anything else might hold
+/// operators of any kind and is an operand in parentheses only; as an argument or initializer it needs none unless
+/// there is a comma outside brackets.
+[[nodiscard]] Precedence precedenceOfText(const std::string& text);
+
+} // namespace Kova::Backends
