@@ -2,6 +2,7 @@
 #include "visualization/graphcore/ChargeTiles_p.h"
 
 // GCC 12's header makes its "undefined" vectors from themselves, which its own warning then finds.
+#pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #include <immintrin.h>
 
