@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "shell/pictures/Picture.h"
+
+#include "shell/pictures/OutputFile.h"
+#include "visualization/graphcore/GraphWidgetBase.h"
+
+#include <QBuffer>
+#include <QImageWriter>
+
+namespace Kova::Shell {
+
+namespace {
+
+/// The rasterizer draws nothing beyond this coordinate.
+constexpr int mostPixelsPerSide = 32767;
+
+EncodedPicture encodeSvg(GUI::GraphWidgetBase& widget) {
+    QBuffer buffer;
+    if (!buffer.open(QIODevice::WriteOnly) || !widget.renderSvg(buffer))
+        return {{}, "the picture cannot be drawn as SVG"};
+    return {buffer.data(), {}};
+}
+
+EncodedPicture encodeImage(GUI::GraphWidgetBase& widget, const char* format) {
+    const QSize size = widget.getGraphSize();
+    const QString measure = QString("%1 x %2 pixels").arg(size.width()).arg(size.height());
+    if (size.width() > mostPixelsPerSide || size.height() > mostPixelsPerSide)
+        return {{},
+                QString("%1 are too many for an image, which has at most %2 a side: use SVG")
+                    .arg(measure)
+                    .arg(mostPixelsPerSide)};
+    const QImage image = widget.renderImage();
+    if (image.isNull())
+        return {{}, "there is no memory for an image of " + measure};
+    QBuffer buffer;
+    QImageWriter writer(&buffer, format);
+    if (!buffer.open(QIODevice::WriteOnly) || !writer.write(image))
+        return {{}, writer.errorString()};
+    return {buffer.data(), {}};
+}
+
+} // namespace
+
+EncodedPicture encodePicture(GUI::GraphWidgetBase& widget, PictureFormat format) {
+    if (!widget.isBuilded())
+        return {{}, "there is nothing to draw"};
+    switch (format) {
+    case PictureFormat::Svg:
+        return encodeSvg(widget);
+    case PictureFormat::Xpm:
+        return encodeImage(widget, "xpm");
+    case PictureFormat::Png:
+        break;
+    }
+    return encodeImage(widget, "png");
+}
+
+QString exportPicture(GUI::GraphWidgetBase& widget, const QString& path) {
+    const std::optional<PictureFormat> format = pictureFormatOf(path);
+    if (!format)
+        return QString("cannot write '%1': its suffix is none of %2").arg(path, pictureSuffixes());
+    const EncodedPicture picture = encodePicture(widget, *format);
+    const QString reason = picture.error.isEmpty() ? writeFile(path, picture.data) : picture.error;
+    return reason.isEmpty() ? QString() : QString("cannot write '%1': %2").arg(path, reason);
+}
+
+} // namespace Kova::Shell

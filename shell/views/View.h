@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/program/Subject.h"
+
+#include <QJsonObject>
+
+namespace Kova::GUI {
+class GraphWidgetBase;
+}
+
+namespace Kova::Shell {
+
+/// One view of the program: a widget, what it is told to show, and how it describes what it shows. A new view derives
+/// from this and has a line in the table of ViewTable.cpp; menu, command line and export need no more. The actions of
+/// its widget are its tool bar and its context menu.
+class View {
+public:
+    View() = default;
+    virtual ~View() = default;
+    View(const View&) = delete;
+    View& operator=(const View&) = delete;
+
+    /// Owned by the view, and destroyed with it.
+    [[nodiscard]] virtual GUI::GraphWidgetBase& getWidget() const = 0;
+
+    /// Replaces what is shown. Called with subjects of the kinds that the view takes only; they live until clear(), the
+    /// next show() or the view's end.
+    virtual void show(const Subject& subject) = 0;
+    /// Leaves nothing that points into the program.
+    virtual void clear() = 0;
+
+    /// "nodes" and "edges" as they are drawn, and what else the view has to say.
+    [[nodiscard]] virtual QJsonObject describe() const = 0;
+
+    /// What is shown in a few words for the status bar, such as "3 procedures, 2 calls"; empty when nothing is.
+    [[nodiscard]] virtual QString summarize() const = 0;
+};
+
+} // namespace Kova::Shell

@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/MainWindow.h"
+
+#include "environment/core/Console.h"
+#include "environment/tessel/ProgramUnit.h"
+#include "shell/commandline/StandardStreams.h"
+#include "shell/messages/MessageLog.h"
+#include "shell/pictures/Picture.h"
+#include "shell/views/ViewTable.h"
+#include "shell/window/ConsolePane.h"
+#include "shell/window/ProgramTree.h"
+#include "shell/window/RecentFiles.h"
+#include "shell/window/ViewPane.h"
+#include "shell/window/WaitCursor.h"
+#include "visualization/graphcore/GraphWidgetBase.h"
+
+#include <QActionGroup>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+
+namespace Kova::Shell {
+
+namespace {
+
+QStringList localFiles(const QMimeData& data) {
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    return paths;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QSettings& settings, const Frontends::COptions& reading)
+    : m_settings(settings),
+      m_session(reading),
+      m_actions(*this),
+      m_status(*statusBar()),
+      m_log(new MessageLog(this)),
+      m_pane(new ViewPane(this)),
+      m_tree(new ProgramTree(this)),
+      m_console(new ConsolePane(this)),
+      m_recent(new RecentFiles(settings, this)),
+      m_viewActions(new QActionGroup(this)),
+      m_kind(&getViewKinds().front()) {
+    setAcceptDrops(true);
+    setCentralWidget(m_pane);
+    buildDocks();
+    buildMenus();
+    buildToolBars();
+    connectActions();
+    connectProgram();
+    restoreWindow();
+    takeProgram();
+}
+
+// The views go before the program that they show.
+MainWindow::~MainWindow() {
+    disconnect(&m_session, nullptr, this, nullptr);
+    disconnect(m_pane, nullptr, this, nullptr);
+    m_tree->forgetProgram();
+    delete m_pane;
+}
+
+void MainWindow::connectProgram() {
+    connect(m_log, &MessageLog::messageAppended, m_console, qOverload<const Message&>(&ConsolePane::append));
+    connect(&m_session, &ProgramSession::fileRead, this, [this](const OpenedProgram& program) {
+        for (const Tessel::Diagnostic& diagnostic : program.getUnit().getDiagnostics())
+            m_console->append(diagnostic);
+    });
+    connect(&m_session, &ProgramSession::programAboutToChange, this, &MainWindow::forgetProgram);
+    connect(&m_session, &ProgramSession::programChanged, this, &MainWindow::takeProgram);
+    connect(m_tree, &ProgramTree::subjectPicked, this, &MainWindow::showSubject);
+    connect(m_console, &ConsolePane::placePicked, this, &MainWindow::showPlace);
+    connect(m_recent, &RecentFiles::filePicked, this, [this](const QString& path) {
+        if (!openFiles({path}))
+            m_recent->remove(path);
+    });
+    connect(m_pane, &ViewPane::scaleChanged, this, [this](double scale) { m_status.setScale(scale); });
+}
+
+ExitStatus MainWindow::start(const Options& options) {
+    if (!options.view.isEmpty())
+        chooseView(*findViewKind(options.view));
+    if (options.files.isEmpty())
+        return Done;
+    const auto printing = connect(&m_session, &ProgramSession::fileRead, this, [](const OpenedProgram& program) {
+        for (const std::string& line : program.getDiagnosticTexts())
+            printErrorLine(line);
+    });
+    const bool success = openFiles(options.files);
+    disconnect(printing);
+    if (!success)
+        return FileFailure;
+    const FoundSubject found = SubjectFinder(m_session.getProgram()).find(options.subject, m_kind->preference);
+    if (!found.error.isEmpty()) {
+        printMessage(found.error);
+        return WrongUsage;
+    }
+    if (found.subject != m_subject)
+        showSubject(found.subject);
+    return m_session.getProgram().hasUnreadableFile() ? FileFailure : Done;
+}
+
+bool MainWindow::openFiles(const QStringList& paths) {
+    bool success = false;
+    {
+        const WaitCursor cursor;
+        success = m_session.open(paths);
+    }
+    finishReading(success, paths);
+    return success;
+}
+
+bool MainWindow::addFiles(const QStringList& paths) {
+    bool success = false;
+    {
+        const WaitCursor cursor;
+        success = m_session.add(paths);
+    }
+    finishReading(success, paths);
+    return success;
+}
+
+bool MainWindow::reload() {
+    const SubjectFinder::Identity identity = SubjectFinder::identify(m_subject);
+    const ViewPane::Position position = m_pane->getPosition();
+    bool success = false;
+    {
+        const WaitCursor cursor;
+        success = m_session.reload();
+    }
+    finishReading(success, m_session.getPaths());
+    if (!success)
+        return false;
+    const Subject subject = SubjectFinder(m_session.getProgram()).findAgain(identity);
+    if (subject != m_subject)
+        showSubject(subject);
+    m_pane->setPosition(position);
+    return true;
+}
+
+void MainWindow::finishReading(bool success, const QStringList& paths) {
+    if (!success) {
+        report(tr("Nothing could be read of %1.").arg(paths.join(", ")), Console::Error);
+        return;
+    }
+    QStringList readable;
+    int unreadable = 0;
+    for (const OpenedFile& file : m_session.getProgram().getFiles()) {
+        if (file.state == OpenedFile::State::Unreadable)
+            ++unreadable;
+        else if (paths.contains(file.path))
+            readable.append(file.path);
+    }
+    m_recent->add(readable);
+    if (unreadable > 0)
+        report(tr("%1 of %2 files could not be read.").arg(unreadable).arg(m_session.getPaths().size()),
+               Console::Error);
+    else
+        statusBar()->showMessage(tr("Read %1.").arg(m_session.getPaths().join(", ")), 5000);
+}
+
+bool MainWindow::exportTo(const QString& path) {
+    GUI::GraphWidgetBase* widget = m_pane->getWidget();
+    if (widget == nullptr)
+        return false;
+    const QString error = exportPicture(*widget, path);
+    if (error.isEmpty())
+        report(tr("Wrote %1.").arg(path), Console::Info);
+    else
+        report(error, Console::Error);
+    return error.isEmpty();
+}
+
+void MainWindow::reportFailure(const QString& text) {
+    report(text, Console::Error);
+}
+
+void MainWindow::report(const QString& text, int level) {
+    m_console->append(Message{QString(), level, text});
+    statusBar()->showMessage(text, 10000);
+}
+
+void MainWindow::forgetProgram() {
+    m_subject = Subject();
+    m_pane->clearViews();
+    m_tree->forgetProgram();
+}
+
+void MainWindow::takeProgram() {
+    const OpenedProgram& program = m_session.getProgram();
+    const bool hasProgram = !program.getFiles().empty();
+    for (QAction* action : m_actions.ofProgram())
+        action->setEnabled(hasProgram);
+    setWindowTitle(hasProgram ? tr("%1 - Kova").arg(QFileInfo(program.getFiles().front().path).fileName())
+                              : tr("Kova"));
+    if (hasProgram) {
+        m_tree->setProgram(program);
+        showSubject(SubjectFinder(program).find({}, m_kind->preference).subject);
+    } else {
+        updateViewToolBar();
+        updateStatus();
+    }
+}
+
+// A subject that the view cannot show gives way to what the view looks at when nothing is named.
+void MainWindow::showSubject(const Subject& subject) {
+    if (m_session.getProgram().getFiles().empty())
+        return;
+    const WaitCursor cursor;
+    m_subject =
+        m_kind->takes(subject) ? subject : SubjectFinder(m_session.getProgram()).find({}, m_kind->preference).subject;
+    m_log->clear();
+    m_pane->show(*m_kind, m_subject);
+    m_tree->showSubject(m_subject);
+    updateViewToolBar();
+    updateStatus();
+}
+
+void MainWindow::chooseView(const ViewKind& kind) {
+    m_kind = &kind;
+    for (QAction* action : m_viewActions->actions())
+        action->setChecked(action->data().toString() == kind.name);
+    showSubject(m_subject);
+}
+
+void MainWindow::showPlace(const QString& file, int line) {
+    const Subject subject = SubjectFinder(m_session.getProgram()).findAround(file, line);
+    if (subject.getKind() != Subject::Kind::None)
+        showSubject(subject);
+    else
+        statusBar()->showMessage(tr("%1:%2 is in no subroutine.").arg(file).arg(line), 5000);
+}
+
+void MainWindow::updateStatus() {
+    const View* view = m_pane->getView();
+    m_status.setSubject(m_subject.getTitle());
+    m_status.setSummary(view != nullptr ? view->summarize() : QString());
+    m_status.setFileCount(static_cast<int>(m_session.getProgram().getFiles().size()));
+    if (view != nullptr)
+        m_status.setScale(view->getWidget().getScale());
+    else
+        m_status.hideScale();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    m_settings.setValue("geometry", saveGeometry());
+    m_settings.setValue("windowState", saveState());
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QStringList paths = localFiles(*event->mimeData());
+    if (paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    openFiles(paths);
+}
+
+} // namespace Kova::Shell

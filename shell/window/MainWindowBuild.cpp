@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// How the window is put together, and the dialogs it opens.
+#include "shell/messages/MessageLog.h"
+#include "shell/pictures/PictureFormat.h"
+#include "shell/views/ViewTable.h"
+#include "shell/window/ConsolePane.h"
+#include "shell/window/KeysDialog.h"
+#include "shell/window/MainWindow.h"
+#include "shell/window/ProgramTree.h"
+#include "shell/window/RecentFiles.h"
+#include "shell/window/ViewPane.h"
+#include "visualization/graphcore/GraphWidgetBase.h"
+
+#include <QActionGroup>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QToolBar>
+
+namespace Kova::Shell {
+
+namespace {
+
+QString sourceFilter() {
+    return MainWindow::tr("C files (*.c *.h);;All files (*)");
+}
+
+} // namespace
+
+void MainWindow::buildDocks() {
+    auto* program = new QDockWidget(tr("Program"), this);
+    program->setObjectName("program");
+    program->setWidget(m_tree);
+    addDockWidget(Qt::LeftDockWidgetArea, program);
+    auto* console = new QDockWidget(tr("Console"), this);
+    console->setObjectName("console");
+    console->setWidget(m_console);
+    addDockWidget(Qt::BottomDockWidgetArea, console);
+    resizeDocks({program}, {300}, Qt::Horizontal);
+    resizeDocks({console}, {120}, Qt::Vertical);
+}
+
+void MainWindow::buildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addActions({m_actions.open, m_actions.addFiles});
+    file->addMenu(m_recent);
+    file->addAction(m_actions.reload);
+    file->addSeparator();
+    file->addAction(m_actions.exportPicture);
+    file->addSeparator();
+    file->addAction(m_actions.quit);
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    for (const ViewKind& kind : getViewKinds()) {
+        QAction* action = m_viewActions->addAction(kind.title);
+        action->setCheckable(true);
+        action->setChecked(&kind == m_kind);
+        action->setData(kind.name);
+        connect(action, &QAction::triggered, this, [this, &kind] { chooseView(kind); });
+    }
+    view->addActions(m_viewActions->actions());
+    view->addSeparator();
+    view->addActions({m_actions.zoomIn, m_actions.zoomOut, m_actions.resetZoom, m_actions.fit});
+    view->addSeparator();
+    for (QDockWidget* dock : findChildren<QDockWidget*>())
+        view->addAction(dock->toggleViewAction());
+
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addActions({m_actions.keys, m_actions.about});
+}
+
+void MainWindow::buildToolBars() {
+    QToolBar* file = addToolBar(tr("File"));
+    file->setObjectName("fileToolBar");
+    file->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    file->addActions({m_actions.open, m_actions.reload, m_actions.exportPicture});
+    QToolBar* zoom = addToolBar(tr("Zoom"));
+    zoom->setObjectName("zoomToolBar");
+    zoom->addActions({m_actions.zoomOut, m_actions.resetZoom, m_actions.zoomIn, m_actions.fit});
+    m_viewToolBar = addToolBar(tr("View"));
+    m_viewToolBar->setObjectName("viewToolBar");
+}
+
+void MainWindow::updateViewToolBar() {
+    m_viewToolBar->clear();
+    if (const GUI::GraphWidgetBase* widget = m_pane->getWidget())
+        m_viewToolBar->addActions(widget->actions());
+}
+
+void MainWindow::connectActions() {
+    connect(m_actions.open, &QAction::triggered, this, &MainWindow::askAndOpen);
+    connect(m_actions.addFiles, &QAction::triggered, this, &MainWindow::askAndAdd);
+    connect(m_actions.reload, &QAction::triggered, this, &MainWindow::reload);
+    connect(m_actions.exportPicture, &QAction::triggered, this, &MainWindow::askAndExport);
+    connect(m_actions.quit, &QAction::triggered, this, &MainWindow::close);
+    connect(m_actions.zoomIn, &QAction::triggered, m_pane, &ViewPane::zoomIn);
+    connect(m_actions.zoomOut, &QAction::triggered, m_pane, &ViewPane::zoomOut);
+    connect(m_actions.resetZoom, &QAction::triggered, m_pane, &ViewPane::resetZoom);
+    connect(m_actions.fit, &QAction::triggered, m_pane, &ViewPane::fitToViewport);
+    connect(m_actions.about, &QAction::triggered, this, &MainWindow::showAbout);
+    connect(m_actions.keys, &QAction::triggered, this, &MainWindow::showKeys);
+}
+
+void MainWindow::restoreWindow() {
+    resize(1200, 800);
+    restoreGeometry(m_settings.value("geometry").toByteArray());
+    restoreState(m_settings.value("windowState").toByteArray());
+}
+
+void MainWindow::askAndOpen() {
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open"), QString(), sourceFilter());
+    if (!paths.isEmpty())
+        tellUnlessRead(openFiles(paths), paths);
+}
+
+void MainWindow::askAndAdd() {
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Add Files"), QString(), sourceFilter());
+    if (!paths.isEmpty())
+        tellUnlessRead(addFiles(paths), paths);
+}
+
+// Who asked by a dialog looks at the middle of the screen, not at the console.
+void MainWindow::tellUnlessRead(bool success, const QStringList& paths) {
+    if (!success)
+        QMessageBox::warning(this, tr("Open"),
+                             tr("Nothing could be read of %1. The console says why.").arg(paths.join(", ")));
+}
+
+void MainWindow::askAndExport() {
+    const QString filter = tr("Pictures (%1)").arg("*" + pictureSuffixes().replace(" ", " *"));
+    const QString path = QFileDialog::getSaveFileName(this, tr("Export"), m_kind->name + ".png", filter);
+    if (!path.isEmpty())
+        exportTo(path);
+}
+
+void MainWindow::showAbout() {
+    QMessageBox::about(this, tr("About kova-shell"),
+                       tr("<p><b>kova-shell %1</b></p><p>Shows what a parallelizing compiler sees in a program.</p>")
+                           .arg(KOVA_VERSION));
+}
+
+void MainWindow::showKeys() {
+    KeysDialog(m_actions.all(), this).exec();
+}
+
+} // namespace Kova::Shell

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/ProgramTree.h"
+
+#include "environment/tessel/ProgramUnit.h"
+#include "shell/program/OpenedProgram.h"
+#include "shell/program/ProgramOutline.h"
+
+#include <QHeaderView>
+#include <QScopedValueRollback>
+
+namespace Kova::Shell {
+
+ProgramTree::ProgramTree(QWidget* parent) : QTreeView(parent), m_model(new ProgramTreeModel(this)) {
+    setModel(m_model);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(ProgramTreeModel::NameColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(ProgramTreeModel::LinesColumn, QHeaderView::ResizeToContents);
+    // The current row is picked when it becomes so; a click picks it again after the view went elsewhere.
+    connect(this, &QTreeView::clicked, this, &ProgramTree::pick);
+}
+
+void ProgramTree::setProgram(const OpenedProgram& program) {
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    m_model->setProgram(ProgramOutline(program), &program.getUnit());
+    expandToDepth(0);
+}
+
+void ProgramTree::forgetProgram() {
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    m_model->setProgram(ProgramOutline(), nullptr);
+}
+
+void ProgramTree::showSubject(const Subject& subject) {
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    if (m_model->getSubject(currentIndex()) != subject)
+        setCurrentIndex(m_model->findIndex(subject));
+}
+
+void ProgramTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    pick(current);
+}
+
+void ProgramTree::pick(const QModelIndex& index) {
+    if (!m_silent && index.isValid())
+        Q_EMIT subjectPicked(m_model->getSubject(index));
+}
+
+} // namespace Kova::Shell

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/window/ProgramTreeModel.h"
+
+#include <QTreeView>
+
+namespace Kova::Shell {
+
+class OpenedProgram;
+
+/// The tree from which a person picks what to look at.
+class ProgramTree : public QTreeView {
+    Q_OBJECT
+
+public:
+    explicit ProgramTree(QWidget* parent = nullptr);
+
+    /// Shows another program, with its files open. It must live until the next call or forgetProgram().
+    void setProgram(const OpenedProgram& program);
+    void forgetProgram();
+
+    /// Makes the subject's row the current one, without telling that it was picked.
+    void showSubject(const Subject& subject);
+
+    [[nodiscard]] const ProgramTreeModel& getModel() const { return *m_model; }
+
+Q_SIGNALS:
+    void subjectPicked(const Kova::Shell::Subject& subject);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    void pick(const QModelIndex& index);
+
+    ProgramTreeModel* m_model;
+    bool m_silent = false;
+};
+
+} // namespace Kova::Shell
