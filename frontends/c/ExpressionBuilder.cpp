@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+#include "environment/tessel/AssignmentExpression.h"
+#include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/CastExpression.h"
+#include "environment/tessel/CompoundLiteralExpression.h"
+#include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/DesignatedInitializerExpression.h"
+#include "environment/tessel/EnumeratorReference.h"
+#include "environment/tessel/GenericSelectionExpression.h"
+#include "environment/tessel/InitializerListExpression.h"
+#include "environment/tessel/LabelAddressExpression.h"
+#include "environment/tessel/MemberExpression.h"
+#include "environment/tessel/OpaqueExpression.h"
+#include "environment/tessel/StatementExpression.h"
+#include "environment/tessel/SubroutineCallExpression.h"
+#include "environment/tessel/SubroutineReference.h"
+#include "environment/tessel/SubscriptExpression.h"
+#include "environment/tessel/TypeQueryExpression.h"
+#include "environment/tessel/UnaryExpression.h"
+#include "environment/tessel/VariableReference.h"
+#include "environment/tessel/VariadicArgumentExpression.h"
+#include "frontends/c/OperatorMapping_p.h"
+#include "frontends/c/UnitContext_p.h"
+
+#include <clang/AST/ASTContext.h>
+#include <clang/AST/Expr.h>
+#include <clang/AST/StmtVisitor.h>
+
+namespace Kova::Frontends {
+
+using namespace Tessel;
+
+namespace {
+
+/// Makes the node of one expression; what no visit is written for becomes an opaque expression.
+class ExpressionVisitor : public clang::ConstStmtVisitor<ExpressionVisitor, ExpressionPtr> {
+public:
+    explicit ExpressionVisitor(UnitContext& context) : m_context(context) {}
+
+    ExpressionPtr VisitStmt(const clang::Stmt* expression) {
+        auto opaque = makeOpaque(*expression);
+        for (const clang::Stmt* child : expression->children())
+            if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+                opaque->appendOperand(build(operand));
+        return opaque;
+    }
+
+    ExpressionPtr VisitExpr(const clang::Expr* expression) {
+        ExpressionPtr literal = buildLiteral(m_context, *expression);
+        return literal ? std::move(literal) : VisitStmt(expression);
+    }
+
+    ExpressionPtr VisitDeclRefExpr(const clang::DeclRefExpr* reference);
+    ExpressionPtr VisitUnaryOperator(const clang::UnaryOperator* unary);
+    ExpressionPtr VisitBinaryOperator(const clang::BinaryOperator* binary);
+    ExpressionPtr VisitCallExpr(const clang::CallExpr* call);
+    ExpressionPtr VisitMemberExpr(const clang::MemberExpr* member);
+    ExpressionPtr VisitCStyleCastExpr(const clang::CStyleCastExpr* cast);
+    ExpressionPtr VisitUnaryExprOrTypeTraitExpr(const clang::UnaryExprOrTypeTraitExpr* query);
+    ExpressionPtr VisitInitListExpr(const clang::InitListExpr* list);
+    ExpressionPtr VisitDesignatedInitExpr(const clang::DesignatedInitExpr* designated);
+    ExpressionPtr VisitGenericSelectionExpr(const clang::GenericSelectionExpr* selection);
+
+    ExpressionPtr VisitConditionalOperator(const clang::ConditionalOperator* choice) {
+        return std::make_unique<ConditionalExpression>(build(choice->getCond()), build(choice->getTrueExpr()),
+                                                       build(choice->getFalseExpr()));
+    }
+    ExpressionPtr VisitBinaryConditionalOperator(const clang::BinaryConditionalOperator* choice) {
+        return std::make_unique<ConditionalExpression>(build(choice->getCommon()), nullptr,
+                                                       build(choice->getFalseExpr()));
+    }
+    ExpressionPtr VisitArraySubscriptExpr(const clang::ArraySubscriptExpr* element) {
+        return std::make_unique<SubscriptExpression>(build(element->getLHS()), build(element->getRHS()));
+    }
+    ExpressionPtr VisitCompoundLiteralExpr(const clang::CompoundLiteralExpr* literal) {
+        return std::make_unique<CompoundLiteralExpression>(
+            m_context.types.build(literal->getTypeSourceInfo()->getType()), build(literal->getInitializer()));
+    }
+    ExpressionPtr VisitStmtExpr(const clang::StmtExpr* block) {
+        return std::make_unique<StatementExpression>(buildInnerBlock(m_context, *block->getSubStmt()));
+    }
+    ExpressionPtr VisitAddrLabelExpr(const clang::AddrLabelExpr* address) {
+        return std::make_unique<LabelAddressExpression>(address->getLabel()->getNameAsString());
+    }
+    ExpressionPtr VisitVAArgExpr(const clang::VAArgExpr* argument) {
+        return std::make_unique<VariadicArgumentExpression>(
+            build(argument->getSubExpr()), m_context.types.build(argument->getWrittenTypeInfo()->getType()));
+    }
+
+private:
+    [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
+    [[nodiscard]] std::unique_ptr<OpaqueExpression> makeOpaque(const clang::Stmt& expression) const {
+        return std::make_unique<OpaqueExpression>(m_context.text.textOf(expression));
+    }
+
+    UnitContext& m_context;
+};
+
+ExpressionPtr ExpressionVisitor::VisitDeclRefExpr(const clang::DeclRefExpr* reference) {
+    const clang::ValueDecl* meant = reference->getDecl();
+    if (const auto* variable = llvm::dyn_cast<clang::VarDecl>(meant))
+        return std::make_unique<VariableReference>(m_context.declarations.variable(*variable));
+    if (const auto* function = llvm::dyn_cast<clang::FunctionDecl>(meant))
+        return std::make_unique<SubroutineReference>(m_context.declarations.subroutine(*function));
+    if (const auto* constant = llvm::dyn_cast<clang::EnumConstantDecl>(meant))
+        if (EnumeratorDeclaration* enumerator = m_context.declarations.enumerator(*constant))
+            return std::make_unique<EnumeratorReference>(*enumerator);
+    return VisitStmt(reference);
+}
+
+ExpressionPtr ExpressionVisitor::VisitUnaryOperator(const clang::UnaryOperator* unary) {
+    const std::optional<UnaryOperator> operation = mapOperator(unary->getOpcode());
+    if (!operation)
+        return VisitStmt(unary);
+    return std::make_unique<UnaryExpression>(*operation, build(unary->getSubExpr()));
+}
+
+ExpressionPtr ExpressionVisitor::VisitBinaryOperator(const clang::BinaryOperator* binary) {
+    if (!binary->isAssignmentOp())
+        return VisitStmt(binary);
+    std::optional<BinaryOperator> operation;
+    if (binary->isCompoundAssignmentOp())
+        operation = mapOperator(clang::BinaryOperator::getOpForCompoundAssignment(binary->getOpcode()));
+    ExpressionPtr target = build(binary->getLHS());
+    return std::make_unique<AssignmentExpression>(std::move(target), build(binary->getRHS()), operation);
+}
+
+ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
+    auto result = std::make_unique<SubroutineCallExpression>(build(call->getCallee()));
+    for (const clang::Expr* argument : call->arguments())
+        result->appendArgument(build(argument));
+    return result;
+}
+
+ExpressionPtr ExpressionVisitor::VisitMemberExpr(const clang::MemberExpr* member) {
+    const auto* meant = llvm::dyn_cast<clang::FieldDecl>(member->getMemberDecl());
+    FieldDeclaration* field = meant != nullptr ? m_context.declarations.field(*meant) : nullptr;
+    if (field == nullptr)
+        return VisitStmt(member);
+    // The source does not write the steps through unnamed members.
+    const clang::MemberExpr* outermost = member;
+    while (const auto* unnamed = llvm::dyn_cast<clang::MemberExpr>(&skipInvisible(*outermost->getBase()))) {
+        if (!unnamed->getMemberDecl()->getDeclName().isEmpty())
+            break;
+        outermost = unnamed;
+    }
+    const auto access =
+        outermost->isArrow() ? MemberExpression::Access::ThroughPointer : MemberExpression::Access::Direct;
+    return std::make_unique<MemberExpression>(build(outermost->getBase()), access, *field);
+}
+
+ExpressionPtr ExpressionVisitor::VisitCStyleCastExpr(const clang::CStyleCastExpr* cast) {
+    std::vector<ExpressionPtr> bounds;
+    const Type* type = m_context.types.build(cast->getTypeAsWritten(), bounds);
+    auto result = std::make_unique<CastExpression>(type, build(cast->getSubExpr()));
+    for (ExpressionPtr& bound : bounds)
+        result->appendBound(std::move(bound));
+    return result;
+}
+
+ExpressionPtr ExpressionVisitor::VisitUnaryExprOrTypeTraitExpr(const clang::UnaryExprOrTypeTraitExpr* query) {
+    const clang::UnaryExprOrTypeTrait kind = query->getKind();
+    // Any other question is asked of a type or of an operand that is not evaluated.
+    if (kind != clang::UETT_SizeOf && kind != clang::UETT_AlignOf && kind != clang::UETT_PreferredAlignOf)
+        return makeOpaque(*query);
+    const auto asked =
+        kind == clang::UETT_SizeOf ? TypeQueryExpression::Query::SizeOf : TypeQueryExpression::Query::AlignOf;
+    if (!query->isArgumentType())
+        return std::make_unique<TypeQueryExpression>(asked, build(query->getArgumentExpr()));
+    std::vector<ExpressionPtr> bounds;
+    const Type* type = m_context.types.build(query->getArgumentType(), bounds);
+    auto result = std::make_unique<TypeQueryExpression>(asked, type);
+    for (ExpressionPtr& bound : bounds)
+        result->appendBound(std::move(bound));
+    return result;
+}
+
+ExpressionPtr ExpressionVisitor::VisitInitListExpr(const clang::InitListExpr* list) {
+    const clang::InitListExpr* written = list->getSyntacticForm() != nullptr ? list->getSyntacticForm() : list;
+    auto result = std::make_unique<InitializerListExpression>();
+    for (const clang::Expr* value : written->inits())
+        if (value != nullptr)
+            result->append(build(value));
+    // Only the form that Clang checked knows the type of what the list initializes.
+    const clang::InitListExpr* checked = written->getSemanticForm() != nullptr ? written->getSemanticForm() : list;
+    result->setType(m_context.types.build(checked->getType()));
+    return result;
+}
+
+ExpressionPtr ExpressionVisitor::VisitDesignatedInitExpr(const clang::DesignatedInitExpr* designated) {
+    auto result = std::make_unique<DesignatedInitializerExpression>(build(designated->getInit()));
+    for (const clang::DesignatedInitExpr::Designator& designator : designated->designators()) {
+        if (designator.isFieldDesignator())
+            result->appendField(designator.getFieldName()->getName().str());
+        else if (designator.isArrayDesignator())
+            result->appendIndex(build(designated->getArrayIndex(designator)));
+        else
+            result->appendIndexRange(build(designated->getArrayRangeStart(designator)),
+                                     build(designated->getArrayRangeEnd(designator)));
+    }
+    return result;
+}
+
+ExpressionPtr ExpressionVisitor::VisitGenericSelectionExpr(const clang::GenericSelectionExpr* selection) {
+    if (!selection->isExprPredicate() || selection->isResultDependent())
+        return VisitStmt(selection);
+    auto result = std::make_unique<GenericSelectionExpression>(build(selection->getControllingExpr()),
+                                                               selection->getResultIndex());
+    for (const auto& association : selection->associations()) {
+        const clang::TypeSourceInfo* type = association.getTypeSourceInfo();
+        result->appendAssociation(type != nullptr ? m_context.types.build(type->getType()) : nullptr,
+                                  build(association.getAssociationExpr()));
+    }
+    return result;
+}
+
+void setTypeAndRange(UnitContext& context, ExpressionBase& made, const clang::Expr& from, clang::SourceRange range) {
+    made.setSourceRange(context.text.rangeOf(range));
+    if (made.getType() == nullptr)
+        made.setType(context.types.build(from.getType()));
+}
+
+bool isChainLink(const clang::Expr& expression) {
+    const auto* binary = llvm::dyn_cast<clang::BinaryOperator>(&expression);
+    return binary != nullptr && mapOperator(binary->getOpcode()).has_value();
+}
+
+/// `a + b + c + ...`: a generated program may add up thousands, so the left operands are followed without recursion,
+/// and the begin is handed up instead of being searched for anew at every level.
+ExpressionPtr buildChain(UnitContext& context, const clang::Expr& last) {
+    std::vector<const clang::BinaryOperator*> chain;
+    const clang::Expr* left = &last;
+    for (; isChainLink(*left); left = &skipInvisible(*chain.back()->getLHS()))
+        chain.push_back(llvm::cast<clang::BinaryOperator>(left));
+
+    ExpressionPtr result = buildExpression(context, *left);
+    clang::SourceLocation begin = left->getBeginLoc();
+    for (; !chain.empty(); chain.pop_back()) {
+        const clang::BinaryOperator& binary = *chain.back();
+        const clang::Expr* operand = binary.getLHS()->IgnoreImplicit();
+        if (llvm::isa<clang::ParenExpr>(operand))
+            begin = operand->getBeginLoc();
+        result = std::make_unique<BinaryExpression>(*mapOperator(binary.getOpcode()), std::move(result),
+                                                    buildExpression(context, *binary.getRHS()));
+        setTypeAndRange(context, *result, binary, {begin, binary.getEndLoc()});
+    }
+    return result;
+}
+
+} // namespace
+
+const clang::Expr& skipInvisible(const clang::Expr& expression) {
+    const clang::Expr* visible = &expression;
+    while (true) {
+        if (const auto* parentheses = llvm::dyn_cast<clang::ParenExpr>(visible))
+            visible = parentheses->getSubExpr();
+        else if (const auto* conversion = llvm::dyn_cast<clang::ImplicitCastExpr>(visible))
+            visible = conversion->getSubExpr();
+        else if (const auto* full = llvm::dyn_cast<clang::FullExpr>(visible))
+            visible = full->getSubExpr();
+        else if (const auto* pseudo = llvm::dyn_cast<clang::PseudoObjectExpr>(visible))
+            visible = pseudo->getSyntacticForm();
+        else if (const auto* shared = llvm::dyn_cast<clang::OpaqueValueExpr>(visible);
+                 shared != nullptr && shared->getSourceExpr() != nullptr)
+            visible = shared->getSourceExpr();
+        else
+            return *visible;
+    }
+}
+
+ExpressionPtr buildExpression(UnitContext& context, const clang::Expr& expression) {
+    const clang::Expr& visible = skipInvisible(expression);
+    if (isChainLink(visible))
+        return buildChain(context, visible);
+    ExpressionPtr result = ExpressionVisitor(context).Visit(&visible);
+    setTypeAndRange(context, *result, visible, visible.getSourceRange());
+    return result;
+}
+
+ExpressionPtr buildExpression(UnitContext& context, const clang::Expr* expression) {
+    return expression != nullptr ? buildExpression(context, *expression) : nullptr;
+}
+
+} // namespace Kova::Frontends

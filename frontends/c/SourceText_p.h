@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/tessel/SourceRange.h"
+
+#include <clang/Basic/SourceLocation.h>
+#include <llvm/ADT/DenseMap.h>
+
+#include <string>
+
+namespace clang {
+class ASTContext;
+class Decl;
+class SourceManager;
+class Stmt;
+} // namespace clang
+
+namespace Kova::Tessel {
+class ProgramUnit;
+}
+
+namespace Kova::Frontends {
+
+/// Where Clang's nodes stand, and what the source says there. What is written as a macro's argument stands where it is
+/// written; all else that comes of a macro stands where the macro is used.
+class SourceText {
+public:
+    SourceText(const clang::ASTContext& context, Tessel::ProgramUnit& program);
+
+    [[nodiscard]] Tessel::SourceRange rangeOf(clang::SourceRange range);
+
+    /// One token as it is spelled, in a macro's definition where it comes of one.
+    [[nodiscard]] std::string spellingAt(clang::SourceLocation location) const;
+
+    /// The text of a statement or expression: the source's own, or, when it comes of a macro, Clang's rendering.
+    [[nodiscard]] std::string textOf(const clang::Stmt& node) const;
+    [[nodiscard]] std::string textOf(const clang::Decl& node) const;
+
+    /// True for what no file of the user's holds: in a system header, or built into the compiler.
+    [[nodiscard]] bool isExternal(clang::SourceLocation location) const;
+
+private:
+    [[nodiscard]] std::string fileText(clang::SourceRange range) const;
+    [[nodiscard]] const Tessel::SourceFile* fileOf(clang::FileID file);
+
+    const clang::ASTContext& m_context;
+    const clang::SourceManager& m_sources;
+    Tessel::ProgramUnit& m_program;
+    llvm::DenseMap<clang::FileID, const Tessel::SourceFile*> m_files;
+};
+
+} // namespace Kova::Frontends

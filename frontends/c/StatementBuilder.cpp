@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "environment/tessel/BreakStatement.h"
+#include "environment/tessel/CaseStatement.h"
+#include "environment/tessel/ContinueStatement.h"
+#include "environment/tessel/DeclarationStatement.h"
+#include "environment/tessel/DoWhileStatement.h"
+#include "environment/tessel/ExpressionStatement.h"
+#include "environment/tessel/ForStatement.h"
+#include "environment/tessel/GotoStatement.h"
+#include "environment/tessel/IfStatement.h"
+#include "environment/tessel/LabelStatement.h"
+#include "environment/tessel/NullStatement.h"
+#include "environment/tessel/OpaqueStatement.h"
+#include "environment/tessel/ReturnStatement.h"
+#include "environment/tessel/SwitchStatement.h"
+#include "environment/tessel/WhileStatement.h"
+#include "frontends/c/UnitContext_p.h"
+
+#include <clang/AST/Decl.h>
+#include <clang/AST/Expr.h>
+#include <clang/AST/StmtVisitor.h>
+
+namespace Kova::Frontends {
+
+using namespace Tessel;
+
+namespace {
+
+using BlockPtr = std::unique_ptr<BlockStatement>;
+
+/// The range from one node's begin to another's end.
+SourceRange spanning(const SourceRange& first, const SourceRange& last) {
+    SourceRange range = first;
+    if (last.isKnown() && last.file == first.file) {
+        range.endLine = last.endLine;
+        range.endColumn = last.endColumn;
+    }
+    return range;
+}
+
+/// Makes the node of one statement; what no visit is written for becomes an opaque statement.
+class StatementVisitor : public clang::ConstStmtVisitor<StatementVisitor, StatementPtr> {
+public:
+    explicit StatementVisitor(UnitContext& context) : m_context(context) {}
+
+    /// The block of a body, which need not be in braces in the source.
+    [[nodiscard]] BlockPtr buildBlock(const clang::Stmt* body);
+
+    StatementPtr VisitStmt(const clang::Stmt* statement) {
+        return makeOpaque(*statement, m_context.text.textOf(*statement));
+    }
+    // Clang's range of an assembly ends before its semicolon.
+    StatementPtr VisitAsmStmt(const clang::AsmStmt* statement) {
+        return makeOpaque(*statement, m_context.text.textOf(*statement) + ';');
+    }
+    StatementPtr VisitExpr(const clang::Expr* expression) {
+        return std::make_unique<ExpressionStatement>(buildExpression(m_context, *expression));
+    }
+    StatementPtr VisitCompoundStmt(const clang::CompoundStmt* block) { return buildBlock(block); }
+    StatementPtr VisitDeclStmt(const clang::DeclStmt* statement);
+    StatementPtr VisitNullStmt(const clang::NullStmt*) { return std::make_unique<NullStatement>(); }
+    StatementPtr VisitBreakStmt(const clang::BreakStmt*) { return std::make_unique<BreakStatement>(); }
+    StatementPtr VisitContinueStmt(const clang::ContinueStmt*) { return std::make_unique<ContinueStatement>(); }
+    StatementPtr VisitReturnStmt(const clang::ReturnStmt* statement) {
+        return std::make_unique<ReturnStatement>(build(statement->getRetValue()));
+    }
+    StatementPtr VisitGotoStmt(const clang::GotoStmt* jump);
+    StatementPtr VisitIndirectGotoStmt(const clang::IndirectGotoStmt* jump) {
+        return std::make_unique<GotoStatement>(build(jump->getTarget()));
+    }
+    StatementPtr VisitIfStmt(const clang::IfStmt* branch);
+    StatementPtr VisitSwitchStmt(const clang::SwitchStmt* statement) {
+        ExpressionPtr selector = build(statement->getCond());
+        return std::make_unique<SwitchStatement>(std::move(selector), buildBlock(statement->getBody()));
+    }
+    StatementPtr VisitWhileStmt(const clang::WhileStmt* loop) {
+        ExpressionPtr condition = build(loop->getCond());
+        return std::make_unique<WhileStatement>(std::move(condition), buildBlock(loop->getBody()));
+    }
+    StatementPtr VisitDoStmt(const clang::DoStmt* loop) {
+        BlockPtr body = buildBlock(loop->getBody());
+        return std::make_unique<DoWhileStatement>(std::move(body), build(loop->getCond()));
+    }
+    StatementPtr VisitForStmt(const clang::ForStmt* loop);
+
+private:
+    [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
+    /// One statement without labels before it.
+    [[nodiscard]] StatementPtr buildPlain(const clang::Stmt& statement);
+    void append(BlockStatement& block, const clang::Stmt& statement);
+    void appendLabel(BlockStatement& block, StatementPtr label, clang::SourceRange range);
+    const clang::Stmt* appendCase(BlockStatement& block, const clang::CaseStmt& label);
+    const clang::Stmt* appendNamed(BlockStatement& block, const clang::LabelStmt& label);
+    /// Appends the labels before a statement and gives the statement that they mark.
+    const clang::Stmt& appendLabels(BlockStatement& block, const clang::Stmt& statement);
+    StatementPtr makeOpaque(const clang::Stmt& statement, std::string text);
+    void appendOperands(OpaqueStatement& opaque, const clang::Stmt& of);
+
+    UnitContext& m_context;
+};
+
+void StatementVisitor::appendLabel(BlockStatement& block, StatementPtr label, clang::SourceRange range) {
+    label->setSourceRange(m_context.text.rangeOf(range));
+    block.append(std::move(label));
+}
+
+const clang::Stmt* StatementVisitor::appendCase(BlockStatement& block, const clang::CaseStmt& label) {
+    ExpressionPtr value = build(label.getLHS());
+    appendLabel(block, std::make_unique<CaseStatement>(std::move(value), build(label.getRHS())),
+                {label.getCaseLoc(), label.getColonLoc()});
+    return label.getSubStmt();
+}
+
+const clang::Stmt* StatementVisitor::appendNamed(BlockStatement& block, const clang::LabelStmt& label) {
+    auto made = std::make_unique<LabelStatement>(label.getName());
+    m_context.jumps.labels[label.getDecl()] = made.get();
+    appendLabel(block, std::move(made), label.getIdentLoc());
+    return label.getSubStmt();
+}
+
+const clang::Stmt& StatementVisitor::appendLabels(BlockStatement& block, const clang::Stmt& statement) {
+    const clang::Stmt* marked = &statement;
+    while (true) {
+        if (const auto* value = llvm::dyn_cast<clang::CaseStmt>(marked)) {
+            marked = appendCase(block, *value);
+        } else if (const auto* otherwise = llvm::dyn_cast<clang::DefaultStmt>(marked)) {
+            appendLabel(block, std::make_unique<CaseStatement>(nullptr, nullptr),
+                        {otherwise->getDefaultLoc(), otherwise->getColonLoc()});
+            marked = otherwise->getSubStmt();
+        } else if (const auto* named = llvm::dyn_cast<clang::LabelStmt>(marked)) {
+            marked = appendNamed(block, *named);
+        } else {
+            return *marked;
+        }
+    }
+}
+
+void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statement) {
+    const clang::Stmt* marked = &appendLabels(block, statement);
+    // An attribute alone, such as fallthrough, says something; before a statement it is a hint to the optimizer.
+    const auto* attributed = llvm::dyn_cast<clang::AttributedStmt>(marked);
+    if (attributed != nullptr && !llvm::isa<clang::NullStmt>(attributed->getSubStmt()))
+        append(block, *attributed->getSubStmt());
+    else
+        block.append(buildPlain(*marked));
+}
+
+StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {
+    StatementPtr made = Visit(&statement);
+    // An else knows its end from its branch: asking Clang at every level of a long chain would take its square.
+    if (!made->getSourceRange().isKnown())
+        made->setSourceRange(m_context.text.rangeOf(statement.getSourceRange()));
+    return made;
+}
+
+BlockPtr StatementVisitor::buildBlock(const clang::Stmt* body) {
+    auto block = std::make_unique<BlockStatement>();
+    if (const auto* compound = llvm::dyn_cast_or_null<clang::CompoundStmt>(body)) {
+        for (const clang::Stmt* statement : compound->body())
+            append(*block, *statement);
+        block->setSourceRange(m_context.text.rangeOf(compound->getSourceRange()));
+    } else if (body != nullptr) {
+        append(*block, *body);
+        block->setSourceRange(spanning(block->getStatement(0)->getSourceRange(),
+                                       block->getStatement(block->getChildCount() - 1)->getSourceRange()));
+    }
+    return block;
+}
+
+StatementPtr StatementVisitor::VisitDeclStmt(const clang::DeclStmt* statement) {
+    auto result = std::make_unique<DeclarationStatement>();
+    for (const clang::Decl* declaration : statement->decls())
+        if (DeclarationPtr made = buildDeclaration(m_context, *declaration))
+            result->append(std::move(made));
+    return result;
+}
+
+StatementPtr StatementVisitor::VisitGotoStmt(const clang::GotoStmt* jump) {
+    auto result = std::make_unique<GotoStatement>(jump->getLabel()->getNameAsString());
+    m_context.jumps.jumps.emplace_back(result.get(), jump->getLabel());
+    return result;
+}
+
+StatementPtr StatementVisitor::VisitIfStmt(const clang::IfStmt* branch) {
+    ExpressionPtr condition = build(branch->getCond());
+    BlockPtr thenBlock = buildBlock(branch->getThen());
+    BlockPtr elseBlock = branch->getElse() != nullptr ? buildBlock(branch->getElse()) : nullptr;
+    const SourceRange end = (elseBlock ? elseBlock : thenBlock)->getSourceRange();
+    auto result = std::make_unique<IfStatement>(std::move(condition), std::move(thenBlock), std::move(elseBlock));
+    result->setSourceRange(spanning(m_context.text.rangeOf(branch->getIfLoc()), end));
+    return result;
+}
+
+StatementPtr StatementVisitor::VisitForStmt(const clang::ForStmt* loop) {
+    StatementPtr initialization = loop->getInit() != nullptr ? buildPlain(*loop->getInit()) : nullptr;
+    ExpressionPtr condition = build(loop->getCond());
+    ExpressionPtr increment = build(loop->getInc());
+    return std::make_unique<ForStatement>(std::move(initialization), std::move(condition), std::move(increment),
+                                          buildBlock(loop->getBody()));
+}
+
+StatementPtr StatementVisitor::makeOpaque(const clang::Stmt& statement, std::string text) {
+    auto opaque = std::make_unique<OpaqueStatement>(std::move(text));
+    appendOperands(*opaque, statement);
+    return opaque;
+}
+
+void StatementVisitor::appendOperands(OpaqueStatement& opaque, const clang::Stmt& of) {
+    for (const clang::Stmt* child : of.children()) {
+        if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+            opaque.appendOperand(build(operand));
+        else if (child != nullptr)
+            appendOperands(opaque, *child);
+    }
+}
+
+} // namespace
+
+BlockPtr buildInnerBlock(UnitContext& context, const clang::Stmt& body) {
+    return StatementVisitor(context).buildBlock(&body);
+}
+
+BlockPtr buildBody(UnitContext& context, const clang::Stmt& body) {
+    context.jumps = JumpTargets();
+    BlockPtr block = buildInnerBlock(context, body);
+    for (const auto& [jump, label] : context.jumps.jumps)
+        jump->setLabel(context.jumps.labels.lookup(label));
+    return block;
+}
+
+} // namespace Kova::Frontends

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/VariableDeclaration.h"
+#include "frontends/c/UnitBuilder_p.h"
+#include "frontends/c/UnitContext_p.h"
+
+#include <clang/AST/ASTContext.h>
+#include <clang/AST/Decl.h>
+
+namespace Kova::Frontends {
+
+using namespace Tessel;
+
+namespace {
+
+void appendAll(UnitContext& context, std::vector<DeclarationPtr> declarations) {
+    for (DeclarationPtr& declaration : declarations) {
+        // A parameter that only a function type names is no declaration of the program.
+        const auto* variable = dynamic_cast<const VariableDeclaration*>(declaration.get());
+        if (variable != nullptr && variable->isParameter())
+            context.unit.appendExternal(std::move(declaration));
+        else
+            context.unit.append(std::move(declaration));
+    }
+}
+
+} // namespace
+
+void buildUnit(clang::ASTContext& context, ProgramUnit& program, TranslationUnit& unit) {
+    UnitContext unitContext(context, program, unit);
+    unit.setSourceRange({program.obtainSourceFile(unit.getPath()), 0, 0, 0, 0});
+    for (const clang::Decl* declaration : context.getTranslationUnitDecl()->decls()) {
+        if (unitContext.declarations.isExternal(*declaration))
+            continue;
+        DeclarationPtr built = buildDeclaration(unitContext, *declaration);
+        appendAll(unitContext, unitContext.declarations.takeStrays());
+        if (built)
+            unit.append(std::move(built));
+    }
+    appendAll(unitContext, unitContext.declarations.takeRest());
+}
+
+} // namespace Kova::Frontends

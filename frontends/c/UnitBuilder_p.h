@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace clang {
+class ASTContext;
+}
+
+namespace Kova::Tessel {
+class ProgramUnit;
+class TranslationUnit;
+} // namespace Kova::Tessel
+
+namespace Kova::Frontends {
+
+/// Fills a unit with what Clang has parsed: the user's declarations in program order as its children, what they use of
+/// system headers beside them.
+/// @param program owns the types and source files; the unit need not be part of it yet.
+void buildUnit(clang::ASTContext& context, Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit);
+
+} // namespace Kova::Frontends

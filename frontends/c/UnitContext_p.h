@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/tessel/BlockStatement.h"
+#include "environment/tessel/DeclarationBase.h"
+#include "environment/tessel/ExpressionBase.h"
+#include "frontends/c/DeclarationTable_p.h"
+#include "frontends/c/SourceText_p.h"
+#include "frontends/c/TypeBuilder_p.h"
+
+#include <clang/AST/ASTFwd.h>
+
+namespace Kova::Tessel {
+class GotoStatement;
+class LabelStatement;
+class ProgramUnit;
+class TranslationUnit;
+} // namespace Kova::Tessel
+
+namespace Kova::Frontends {
+
+/// The labels of a body, and the jumps that look for them.
+struct JumpTargets {
+    llvm::DenseMap<const clang::LabelDecl*, Tessel::LabelStatement*> labels;
+    std::vector<std::pair<Tessel::GotoStatement*, const clang::LabelDecl*>> jumps;
+};
+
+/// What all builders of one translation unit share.
+struct UnitContext {
+    UnitContext(clang::ASTContext& context, Tessel::ProgramUnit& ofProgram, Tessel::TranslationUnit& ofUnit)
+        : clang(context),
+          program(ofProgram),
+          unit(ofUnit),
+          text(context, ofProgram),
+          types(*this),
+          declarations(*this) {}
+
+    clang::ASTContext& clang;
+    Tessel::ProgramUnit& program;
+    Tessel::TranslationUnit& unit;
+    SourceText text;
+    TypeBuilder types;
+    DeclarationTable declarations;
+    /// Of the body under construction.
+    JumpTargets jumps;
+};
+
+/// Parentheses, implicit conversions and what else is no node of its own are left out.
+[[nodiscard]] Tessel::ExpressionPtr buildExpression(UnitContext& context, const clang::Expr& expression);
+/// Null for null.
+[[nodiscard]] Tessel::ExpressionPtr buildExpression(UnitContext& context, const clang::Expr* expression);
+
+/// The expression inside parentheses, implicit conversions and the like.
+[[nodiscard]] const clang::Expr& skipInvisible(const clang::Expr& expression);
+
+/// Null when the expression is no literal.
+[[nodiscard]] Tessel::ExpressionPtr buildLiteral(UnitContext& context, const clang::Expr& expression);
+
+/// A subroutine's body. Jumps inside it find their labels.
+[[nodiscard]] std::unique_ptr<Tessel::BlockStatement> buildBody(UnitContext& context, const clang::Stmt& body);
+/// A block inside a body: `({ ... })`.
+[[nodiscard]] std::unique_ptr<Tessel::BlockStatement> buildInnerBlock(UnitContext& context, const clang::Stmt& body);
+
+/// The declaration for its place in the program, with all that belongs to it. Null for what declares nothing, such as
+/// a lone semicolon.
+[[nodiscard]] Tessel::DeclarationPtr buildDeclaration(UnitContext& context, const clang::Decl& declaration);
+
+/// Gives a declaration that was made ahead all that belongs to it.
+void completeDeclaration(UnitContext& context, const clang::Decl& declaration, Tessel::DeclarationBase& made);
+
+} // namespace Kova::Frontends
