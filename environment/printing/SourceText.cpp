@@ -117,6 +117,7 @@ Precedence precedenceOfText(const std::string& text) {
     std::string word = outline.head;
     while (!word.empty() && isBlank(word.back()))
         word.pop_back();
+    word.erase(word.begin(), std::find_if_not(word.begin(), word.end(), isBlank));
     const bool isWord = std::all_of(word.begin(), word.end(), isWordCharacter) && !isOperatorWord(word);
     const bool isGroup = outline.groups == 1 && outline.endsWithGroup;
     if (isWord && (isGroup || (outline.groups == 0 && !word.empty())))
