@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "visualization/VisualizationExport.h"
 #include "visualization/graphcore/CellGrid.h"
 
 #include <QPoint>
@@ -16,7 +17,7 @@ class NodeBase;
 /// Knows which edges would run through a node if they were straight. Remembers what it found, with the positions that
 /// it depends on, so that after the move of a few nodes only the edges which that concerns are examined again. Compares
 /// the positions themselves, so no change can be missed.
-class CorridorMap {
+class VISUALIZATION_EXPORT CorridorMap {
 public:
     /// Brings the answers up to date with the lists as they are now.
     void update(const std::vector<NodeBase*>& nodes, const std::vector<EdgeBase*>& edges);

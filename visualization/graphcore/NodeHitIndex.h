@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "visualization/VisualizationExport.h"
 #include "visualization/graphcore/CellGrid.h"
 #include "visualization/graphcore/ChangedItems.h"
 #include "visualization/graphcore/NodeBase.h"
@@ -13,7 +14,7 @@
 namespace Kova::GUI::GenericGraph {
 
 /// Finds the node under a point without looking at every node.
-class NodeHitIndex {
+class VISUALIZATION_EXPORT NodeHitIndex {
 public:
     /// The first visible node of the list whose box holds the point (graph units), null for none. Always true to the
     /// list and the nodes as they are now; what was computed for an earlier question is used as far as it still holds.

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <limits>
 #include <optional>
 
 namespace Kova::GUI {
@@ -109,6 +110,15 @@ int PaintExtent::metric(PaintDeviceMetric metric) const {
     case PdmDpiY:
     case PdmPhysicalDpiY:
         return m_dpiY;
+    case PdmWidthMM:
+    case PdmHeightMM:
+        return deviceSize;
+    case PdmNumColors:
+        return std::numeric_limits<int>::max();
+    case PdmDepth:
+        return 32;
+    case PdmDevicePixelRatio:
+        return 1;
     default:
         return QPaintDevice::metric(metric);
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "visualization/VisualizationExport.h"
+
 #include <QPaintDevice>
 #include <QRectF>
 
@@ -13,7 +15,7 @@ namespace Kova::GUI {
 ///
 /// The result holds everything, and is somewhat larger: strokes count with their longest possible corners, text with
 /// room for glyphs that reach out of their places or are shaped otherwise at another scale.
-class PaintExtent : public QPaintDevice {
+class VISUALIZATION_EXPORT PaintExtent : public QPaintDevice {
 public:
     /// Fonts get the sizes that they have on `model`.
     explicit PaintExtent(const QPaintDevice& model);
@@ -40,6 +42,6 @@ private:
 };
 
 /// As large as any bounds(): for what has no extent of its own, such as lines whose width does not scale.
-[[nodiscard]] QRectF unboundedExtent();
+[[nodiscard]] VISUALIZATION_EXPORT QRectF unboundedExtent();
 
 } // namespace Kova::GUI

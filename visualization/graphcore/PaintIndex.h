@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "visualization/VisualizationExport.h"
 #include "visualization/graphcore/ChangedItems.h"
 #include "visualization/graphcore/EdgeBase.h"
 #include "visualization/graphcore/NodeBase.h"
@@ -18,7 +19,7 @@ namespace Kova::GUI::GenericGraph {
 /// Knows where nodes and edges are painted, so that those outside of an area can be left out without changing a pixel
 /// in it. Labels may be wider than their boxes and nodes may paint what they like: extents are measured by painting
 /// (see PaintExtent), once after every change of an item.
-class PaintIndex {
+class VISUALIZATION_EXPORT PaintIndex {
 public:
     /// Measures what is new or has changed since the last call. The device decides the sizes of fonts.
     void update(const std::vector<NodeBase*>& nodes, const std::vector<EdgeBase*>& edges, const QFont& font,
