@@ -14,8 +14,8 @@ public:
     explicit SubroutineCallExpression(ExpressionPtr callee) { appendChild(std::move(callee)); }
 
     [[nodiscard]] ExpressionBase* getCallee() const { return childAs<ExpressionBase>(0); }
-    /// The subroutine that is called by its name, be it written `f()`, `(*f)()` or `(&f)()`; null for a call through
-    /// a pointer.
+    /// The subroutine that is called by its name, be it written `f()`, `(*f)()` or `(&f)()`, or be `f` what a generic
+    /// selection chooses; null for a call through a pointer.
     [[nodiscard]] SubroutineDeclaration* getSubroutine() const;
 
     [[nodiscard]] std::size_t getArgumentCount() const { return getChildCount() - 1; }
