@@ -114,8 +114,15 @@ void CallGraph::Builder::run() {
     }
 }
 
-/// The one declaration that stands for what a declaration means.
 CallGraph::Builder::Declaration& CallGraph::Builder::resolve(Declaration& declaration) {
+    Declaration*& resolved = m_meaningOf[&declaration];
+    if (resolved == nullptr)
+        resolved = &findMeaning(declaration);
+    return *resolved;
+}
+
+/// The one declaration that stands for what a declaration means.
+CallGraph::Builder::Declaration& CallGraph::Builder::findMeaning(Declaration& declaration) {
     Declaration* implementation = declaration.hasImplementation() ? &declaration : nullptr;
     if (implementation == nullptr && m_index)
         implementation = m_index->findImplementation(declaration);

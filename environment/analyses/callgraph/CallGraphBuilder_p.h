@@ -35,6 +35,7 @@ private:
     using Place = std::tuple<std::string, const Kova::Tessel::SourceFile*, unsigned, unsigned>;
 
     [[nodiscard]] Declaration& resolve(Declaration& declaration);
+    [[nodiscard]] Declaration& findMeaning(Declaration& declaration);
     [[nodiscard]] Declaration& representativeOf(Declaration& implementation);
     Node& makeNode(Declaration& procedure);
     void collectCalls(Node& caller, Kova::Tessel::TesselBase& part);
@@ -43,6 +44,7 @@ private:
     CallGraph& m_graph;
     std::unique_ptr<Kova::Tessel::Service::SubroutineIndex> m_index;
     // Looked up, never walked.
+    std::unordered_map<const Declaration*, Declaration*> m_meaningOf;
     std::unordered_map<const Declaration*, Node*> m_nodeOf;
     std::map<Place, Declaration*> m_firstAt;
     std::unordered_map<std::string, Declaration*> m_prototypeOf;
