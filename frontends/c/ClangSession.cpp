@@ -12,6 +12,8 @@
 #include <clang/Frontend/Utils.h>
 #include <clang/Lex/Preprocessor.h>
 #include <clang/Lex/PreprocessorOptions.h>
+#include <clang/Parse/ParseAST.h>
+#include <clang/Sema/Sema.h>
 #include <llvm/Support/MemoryBuffer.h>
 
 #include <exception>
@@ -63,6 +65,15 @@ protected:
         return std::make_unique<BuildingConsumer>(m_program, *m_unit, m_failure);
     }
 
+    /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
+    /// of 8 MiB, warn, and go on in ever new threads when these are used up.
+    void ExecuteAction() override {
+        clang::CompilerInstance& compiler = getCompilerInstance();
+        if (!compiler.hasSema())
+            compiler.createSema(getTranslationUnitKind(), nullptr);
+        clang::ParseAST(compiler.getSema());
+    }
+
 private:
     Tessel::ProgramUnit& m_program;
     Tessel::TranslationUnit* m_unit;
@@ -79,8 +90,7 @@ std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std:
     return clang::createInvocation(arguments, options);
 }
 
-/// As CompilerInstance::ExecuteAction, without its print of statistics and without its note of where the stack begins:
-/// Clang would take the stack for a common one of 8 MiB and go on in ever new threads when these are used up.
+/// As CompilerInstance::ExecuteAction, without its note of the stack and its print of statistics.
 void execute(clang::CompilerInstance& compiler, ReadAction& action) {
     if (!compiler.createTarget() || !action.BeginSourceFile(compiler, compiler.getFrontendOpts().Inputs.front()))
         return;

@@ -10,8 +10,8 @@ namespace Kova::Frontends {
 
 namespace {
 
-// A level of parentheses costs Clang's parser about 2 KiB, more in a build with sanitizers. Only touched pages count.
-constexpr unsigned stackSize = 1u << 30;
+// A level of parentheses costs Clang's parser about 10 KiB. Memory is taken only as far as the stack grows.
+constexpr unsigned stackSize = 1u << 29;
 constexpr std::size_t signalStackSize = 1u << 16;
 
 /// Gives the current thread a stack for signal handlers, without which an overflow could not be handled.

@@ -73,8 +73,8 @@ public:
         return std::make_unique<SubscriptExpression>(build(element->getLHS()), build(element->getRHS()));
     }
     ExpressionPtr VisitCompoundLiteralExpr(const clang::CompoundLiteralExpr* literal) {
-        return std::make_unique<CompoundLiteralExpression>(
-            m_context.types.build(literal->getTypeSourceInfo()->getType()), build(literal->getInitializer()));
+        return std::make_unique<CompoundLiteralExpression>(m_context.types.build(literal->getType()),
+                                                           build(literal->getInitializer()));
     }
     ExpressionPtr VisitStmtExpr(const clang::StmtExpr* block) {
         return std::make_unique<StatementExpression>(buildInnerBlock(m_context, *block->getSubStmt()));

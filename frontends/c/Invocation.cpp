@@ -83,7 +83,7 @@ std::vector<std::string> makeCommandLine(const COptions& options, const std::str
                                          const std::string& resourceDirectory) {
     std::vector<std::string> line = {"/usr/bin/clang", "--no-default-config", "-fsyntax-only", "-x", "c",
                                      // Every error is shown, and nesting is bounded by the stack of the reading thread.
-                                     "-ferror-limit=0", "-fbracket-depth=100000",
+                                     "-ferror-limit=0", "-fbracket-depth=30000",
                                      // A header may be looked at on its own.
                                      "-Wno-pragma-once-outside-header"};
     if (!resourceDirectory.empty())

@@ -18,12 +18,14 @@ SourceText::SourceText(const clang::ASTContext& context, Tessel::ProgramUnit& pr
       m_sources(context.getSourceManager()),
       m_program(program) {}
 
-const Tessel::SourceFile* SourceText::fileOf(clang::FileID file) {
-    const auto [entry, isNew] = m_files.try_emplace(file, nullptr);
-    if (isNew)
-        if (const clang::OptionalFileEntryRef ref = m_sources.getFileEntryRefForID(file))
-            entry->second = m_program.obtainSourceFile(ref->getName().str());
-    return entry->second;
+SourceText::File& SourceText::fileOf(clang::FileID id) {
+    std::unique_ptr<File>& file = m_files[id];
+    if (!file) {
+        file = std::make_unique<File>(File{nullptr, LineTable(m_sources.getBufferData(id))});
+        if (const clang::OptionalFileEntryRef entry = m_sources.getFileEntryRefForID(id))
+            file->file = m_program.obtainSourceFile(entry->getName().str());
+    }
+    return *file;
 }
 
 Tessel::SourceRange SourceText::rangeOf(clang::SourceRange range) {
@@ -41,14 +43,10 @@ Tessel::SourceRange SourceText::rangeOf(clang::SourceRange range) {
         if (begin.first != end.first)
             end = begin;
     }
-    Tessel::SourceRange result;
-    result.file = fileOf(begin.first);
-    // Lines before columns: Clang then finds the column from the line it has just looked up.
-    result.beginLine = m_sources.getLineNumber(begin.first, begin.second);
-    result.beginColumn = m_sources.getColumnNumber(begin.first, begin.second);
-    result.endLine = m_sources.getLineNumber(end.first, end.second);
-    result.endColumn = m_sources.getColumnNumber(end.first, end.second);
-    return result;
+    File& file = fileOf(begin.first);
+    const LineTable::Place first = file.lines.find(begin.second);
+    const LineTable::Place last = file.lines.find(end.second);
+    return {file.file, first.line, first.column, last.line, last.column};
 }
 
 std::string SourceText::spellingAt(clang::SourceLocation location) const {

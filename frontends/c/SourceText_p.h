@@ -2,10 +2,12 @@
 #pragma once
 
 #include "environment/tessel/SourceRange.h"
+#include "frontends/c/LineTable_p.h"
 
 #include <clang/Basic/SourceLocation.h>
 #include <llvm/ADT/DenseMap.h>
 
+#include <memory>
 #include <string>
 
 namespace clang {
@@ -41,12 +43,16 @@ public:
 
 private:
     [[nodiscard]] std::string fileText(clang::SourceRange range) const;
-    [[nodiscard]] const Tessel::SourceFile* fileOf(clang::FileID file);
+    struct File {
+        const Tessel::SourceFile* file = nullptr;
+        LineTable lines;
+    };
+    [[nodiscard]] File& fileOf(clang::FileID file);
 
     const clang::ASTContext& m_context;
     const clang::SourceManager& m_sources;
     Tessel::ProgramUnit& m_program;
-    llvm::DenseMap<clang::FileID, const Tessel::SourceFile*> m_files;
+    llvm::DenseMap<clang::FileID, std::unique_ptr<File>> m_files;
 };
 
 } // namespace Kova::Frontends

@@ -175,7 +175,7 @@ TEST(ExpressionBuilderTest, aLongSumIsLeftDeep) {
         text += " + b";
     const Reading reading(std::string(names) + "void f(void) { " + text + "; }");
     EXPECT_EQ(reading.result, Frontends::CFrontend::Result::Complete);
-    EXPECT_EQ(reading.unit().getChildCount(), 10u);
+    EXPECT_EQ(reading.unit().getChildCount(), 11u);
 }
 
 } // namespace Kova::Test
