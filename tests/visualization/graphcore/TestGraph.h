@@ -1,61 +1,107 @@
 // SPDX-License-Identifier: MIT
+// A generic graph widget that tests fill by hand or at random.
 #pragma once
 
-#include "visualization/graphcore/EdgeBase.h"
-#include "visualization/graphcore/NodeBase.h"
+#include "visualization/graphcore/GenericGraphWidgetBase.h"
 
-#include <initializer_list>
-#include <memory>
-#include <utility>
-#include <vector>
+#include <QMouseEvent>
+#include <QScrollBar>
 
-/// A generic graph that owns its nodes and edges, for tests of layouts.
-class TestGraph {
+#include <random>
+
+namespace Kova::GUI::GenericGraph {
+
+/// Counts how often it is drawn.
+class CountedNode : public NodeBase {
 public:
-    using Node = Kova::GUI::GenericGraph::NodeBase;
-    using Edge = Kova::GUI::GenericGraph::EdgeBase;
+    using NodeBase::NodeBase;
+    void draw(QPainter& painter, bool selected) const override {
+        ++drawn;
+        NodeBase::draw(painter, selected);
+    }
+    mutable int drawn = 0;
+};
 
-    TestGraph() = default;
-
-    /// Nodes "0", "1", ... of the given width, 20 high, with edges between their numbers.
-    TestGraph(int count, const std::vector<std::pair<int, int>>& edges, int width = 40) {
-        for (int i = 0; i < count; ++i)
-            add(QString::number(i), width);
-        for (const auto& [source, target] : edges)
-            join(node(source), node(target));
+class TestGraph : public GenericGraphWidgetBase {
+public:
+    explicit TestGraph(const QSize& viewportSize = QSize(400, 300)) {
+        setFrameShape(QFrame::NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        resize(viewportSize);
+        show();
     }
 
-    Node& add(const QString& text, int width = 40) {
-        m_nodes.push_back(std::make_unique<Node>(text));
-        m_nodes.back()->setSize(width, 20);
-        return *m_nodes.back();
+    using GenericGraphWidgetBase::contextMenu;
+    using GenericGraphWidgetBase::edgeBounds;
+    using GenericGraphWidgetBase::edgePolygons;
+    using GenericGraphWidgetBase::edges;
+    using GenericGraphWidgetBase::grabbedNode;
+    using GenericGraphWidgetBase::hoveredEdge;
+    using GenericGraphWidgetBase::hoveredNode;
+    using GenericGraphWidgetBase::labelFont;
+    using GenericGraphWidgetBase::nodes;
+    using GenericGraphWidgetBase::setEventHandler;
+    using GenericGraphWidgetBase::setLabelFont;
+
+    CountedNode* addNode(const QString& text, const QPoint& center, const QSize& size = QSize(41, 21)) {
+        auto* node = new CountedNode(text);
+        node->setSize(size.width(), size.height());
+        nodes().push_back(node);
+        node->moveTo(center.x(), center.y());
+        return node;
     }
 
-    Edge& join(Node& source, Node& target) {
-        m_edges.push_back(std::make_unique<Edge>(&source, &target));
-        return *m_edges.back();
+    EdgeBase* addEdge(NodeBase* source, NodeBase* target) {
+        auto* edge = new EdgeBase(source, target);
+        edges().push_back(edge);
+        if (source == target)
+            edge->setShapeKind(EdgeBase::Loop);
+        edge->updatePos();
+        return edge;
     }
 
-    /// Leaves null entries in the nodes' lists.
-    void removeEdge(int index) { m_edges.erase(m_edges.begin() + index); }
-
-    [[nodiscard]] Node& node(int index) const { return *m_nodes[static_cast<std::size_t>(index)]; }
-
-    [[nodiscard]] std::vector<Node*> nodes() const {
-        std::vector<Node*> nodes;
-        for (const std::unique_ptr<Node>& node : m_nodes)
-            nodes.push_back(node.get());
-        return nodes;
+    /// Boxes smaller than their labels among them, labelled edges, wide pens, arcs and loops.
+    void addRandom(std::mt19937& generator, int nodeCount, int edgeCount, int extent) {
+        const auto any = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(generator); };
+        for (int i = 0; i < nodeCount; ++i) {
+            const QString text(any(0, 5) == 0 ? QStringLiteral("a label wider than its box")
+                                              : QStringLiteral("n%1").arg(i));
+            addNode(text, QPoint(any(-20, extent), any(-20, extent)), QSize(any(4, 90), any(4, 40)));
+        }
+        for (int i = 0; i < edgeCount; ++i) {
+            const auto anyNode = [&] { return nodes()[static_cast<std::size_t>(any(0, nodeCount - 1))]; };
+            EdgeBase* edge = addEdge(anyNode(), anyNode());
+            edge->setBendIndex(any(0, 3) == 0 ? any(1, 5) : 0);
+            if (any(0, 3) == 0)
+                edge->setText(QStringLiteral("edge %1").arg(i));
+            if (any(0, 5) == 0)
+                edge->setPen(QPen(QBrush(Qt::darkGreen), any(1, 12), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        }
+        updateCollisions();
+        updateMap();
     }
 
-    [[nodiscard]] std::vector<QPoint> centers() const {
-        std::vector<QPoint> centers;
-        for (const std::unique_ptr<Node>& node : m_nodes)
-            centers.push_back(node->getCenter());
-        return centers;
+    /// Each hands an event to the view as its viewport does; true when it was accepted.
+    bool press(const QPoint& position, Qt::MouseButton button = Qt::LeftButton) {
+        return mouse(QEvent::MouseButtonPress, position, button, button);
+    }
+    bool release(const QPoint& position, Qt::MouseButton button = Qt::LeftButton) {
+        return mouse(QEvent::MouseButtonRelease, position, button, Qt::NoButton);
+    }
+    bool doubleClick(const QPoint& position) {
+        return mouse(QEvent::MouseButtonDblClick, position, Qt::LeftButton, Qt::LeftButton);
+    }
+    bool moveMouse(const QPoint& position, Qt::MouseButtons buttons = Qt::NoButton) {
+        return mouse(QEvent::MouseMove, position, Qt::NoButton, buttons);
     }
 
 private:
-    std::vector<std::unique_ptr<Node>> m_nodes;
-    std::vector<std::unique_ptr<Edge>> m_edges;
+    bool mouse(QEvent::Type type, const QPoint& position, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, position, viewport()->mapToGlobal(position), button, buttons, Qt::NoModifier);
+        viewportEvent(&event);
+        return event.isAccepted();
+    }
 };
+
+} // namespace Kova::GUI::GenericGraph
