@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <random>
@@ -38,7 +39,7 @@ PlainParticles::Simulation randomParticles(std::size_t count, Spread spread, uns
             x = i % 2 == 0 ? 0.0 : std::ldexp(1.0 - std::ldexp(crowded(random), -53), static_cast<int>(i % 7));
             y = 0;
         } else if (spread == Spread::Huge) {
-            x *= 1e60;
+            x *= i % 3 == 0 ? 1e60 : 1e110;
             y *= 1e-60;
         }
         simulation.add(x, y, {});
@@ -184,13 +185,53 @@ private Q_SLOTS:
         }
     }
 
+    // With 2^(s+1) a = +-1 modulo an odd b, the quotient a / b lies as near to the middle between two numbers as any
+    // quotient by b can: a division that is off by the least bit of a bit rounds it to the wrong side.
+    void quotientsNextToTheMiddleAreExact_data() { addSetRows(); }
+    void quotientsNextToTheMiddleAreExact() {
+        QFETCH(InstructionSet, set);
+        if (!Kova::ParticleSystem::isSupported(set))
+            QSKIP("not on this processor");
+        std::mt19937 random(8);
+        std::uniform_real_distribution<double> distances(1.0, 1000.0);
+        int judged = 0;
+        while (judged < 4000) {
+            const double d = judged % 2 == 0 ? distances(random) : std::cbrt(std::ldexp(1.0 - 1e-9, 1 + judged % 29));
+            const double varied = d * (1 + std::ldexp(static_cast<double>(random() % 4096), -45));
+            int exponent = 0;
+            const auto b = static_cast<std::uint64_t>(std::ldexp(std::frexp(varied * varied * varied, &exponent), 53));
+            if (b % 2 == 0)
+                continue;
+            ++judged;
+            PlainParticles::Simulation plain;
+            plain.coulomb = 1.0;
+            std::uint64_t inverse = 1;
+            for (int power = 1; power <= 57; ++power) {
+                inverse = inverse % 2 == 0 ? inverse / 2 : (inverse + b) / 2;
+                for (const std::uint64_t a : {inverse, b - inverse}) {
+                    if (power < 54)
+                        continue;
+                    plain.add(0, 0, {});
+                    plain.particles.back().mass = static_cast<double>(a);
+                }
+            }
+            for (int i = 0; i < 8; ++i)
+                plain.add(varied, 0, {});
+            ChargeArrays arrays = arraysOf(plain);
+            Kova::ParticleSystem::addCharges(arrays, plain.coulomb, set);
+            plain.addCharges();
+            for (std::size_t i = 0; i < 16; ++i)
+                QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
+        }
+    }
+
     // Masses and coefficients that nobody should choose, still without a difference.
     void strangeStrengthsAreExact_data() { addSetRows(); }
     void strangeStrengthsAreExact() {
         QFETCH(InstructionSet, set);
         if (!Kova::ParticleSystem::isSupported(set))
             QSKIP("not on this processor");
-        for (const double coulomb : {0.0, -3000.0, 1e-300, 1e200}) {
+        for (const double coulomb : {0.0, -3000.0, 1e-300, 1e-310, 5e-324, 1e200, 1e308}) {
             PlainParticles::Simulation plain = randomParticles(33, Spread::Wide, 5);
             plain.coulomb = coulomb;
             plain.particles[2].mass = 0;

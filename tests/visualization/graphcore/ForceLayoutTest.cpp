@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/ForceLayout.h"
 
+#include "tests/visualization/graphcore/LayoutGraph.h"
 #include "tests/visualization/graphcore/PlainParticles.h"
-#include "tests/visualization/graphcore/TestGraph.h"
 #include "visualization/graphcore/RandomLayout.h"
 
 #include <QtTest>
@@ -52,7 +52,7 @@ Edges randomEdges(int nodeCount, int edgeCount, unsigned seed) {
 }
 
 /// The simulation of a graph whose nodes all have edges, from its present centres.
-PlainParticles::Simulation plainSimulation(const TestGraph& graph, const Edges& edges) {
+PlainParticles::Simulation plainSimulation(const LayoutGraph& graph, const Edges& edges) {
     PlainParticles::Simulation simulation;
     const std::vector<QPoint> centers = graph.centers();
     for (std::size_t i = 0; i < centers.size(); ++i) {
@@ -92,16 +92,16 @@ class ForceLayoutTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // A ring of width 60 and height 300, perimeter 720: steps of 180. t = 360 is no longer on the right side.
+    // A ring of width 60 and height 300, perimeter 720: steps of 180. t = 360 is the corner at the bottom right.
     void fourIsolatedNodesStandOnARing() {
-        const TestGraph graph(4, {});
+        const LayoutGraph graph(4, {});
         ForceLayout(new RandomLayout).layOut(graph.nodes());
         QCOMPARE(graph.centers(), (std::vector<QPoint>{{50, 50}, {110, 170}, {110, 350}, {50, 230}}));
     }
 
-    // Steps of 60 meet every corner; a corner belongs to the side that starts there.
-    void cornersBelongToTheSideThatStartsThere() {
-        const TestGraph graph(12, {});
+    // Steps of 60 meet every corner.
+    void ringIsWalkedClockwiseThroughItsCorners() {
+        const LayoutGraph graph(12, {});
         ForceLayout(new RandomLayout).layOut(graph.nodes());
         QCOMPARE(graph.centers(), (std::vector<QPoint>{{50, 50},
                                                        {110, 50},
@@ -119,7 +119,7 @@ private Q_SLOTS:
 
     // 720 / 7 = 102.857...: coordinates are cut, not rounded.
     void ringCoordinatesAreTruncated() {
-        const TestGraph graph(7, {});
+        const LayoutGraph graph(7, {});
         ForceLayout(new RandomLayout).layOut(graph.nodes());
         QCOMPARE(graph.node(1).getCenter(), QPoint(110, 92));
         QCOMPARE(graph.node(2).getCenter(), QPoint(110, 195));
@@ -128,13 +128,13 @@ private Q_SLOTS:
     }
 
     void oneIsolatedNode() {
-        const TestGraph graph(1, {});
+        const LayoutGraph graph(1, {});
         ForceLayout(new RandomLayout).layOut(graph.nodes());
         QCOMPARE(graph.node(0).getCenter(), QPoint(50, 50));
     }
 
     void farNeighboursComeCloser() {
-        const TestGraph graph(2, {{0, 1}});
+        const LayoutGraph graph(2, {{0, 1}});
         ForceLayout(new FixedLayout({{0, 0}, {300, 0}})).layOut(graph.nodes());
         QVERIFY(distance(graph.node(0).getCenter(), graph.node(1).getCenter()) < 300);
         QCOMPARE(graph.node(0).getCenter(), QPoint(50, 50));
@@ -142,20 +142,20 @@ private Q_SLOTS:
     }
 
     void nearNeighboursArePushedApart() {
-        const TestGraph graph(2, {{0, 1}});
+        const LayoutGraph graph(2, {{0, 1}});
         ForceLayout(new FixedLayout({{0, 0}, {0, 50}})).layOut(graph.nodes());
         QVERIFY(distance(graph.node(0).getCenter(), graph.node(1).getCenter()) > 50);
         QCOMPARE(graph.node(0).getCenter().x(), 50);
     }
 
     void recursionAloneMakesAParticleWithoutSprings() {
-        const TestGraph alone(1, {{0, 0}});
+        const LayoutGraph alone(1, {{0, 0}});
         ForceLayout(new RandomLayout).layOut(alone.nodes());
         QCOMPARE(alone.node(0).getCenter(), QPoint(50, 50));
     }
 
     void withinARingThePictureStartsFurtherIn() {
-        const TestGraph graph(2, {{0, 0}});
+        const LayoutGraph graph(2, {{0, 0}});
         ForceLayout(new RandomLayout).layOut(graph.nodes());
         QCOMPARE(graph.node(0).getCenter(), QPoint(80, 100));
         QCOMPARE(graph.node(1).getCenter(), QPoint(50, 50));
@@ -163,7 +163,7 @@ private Q_SLOTS:
 
     // Two particles in one place with equal charges never part: k is multiplied by a distance of 0.
     void coincidentNodesStayTogether() {
-        const TestGraph graph(2, {{0, 1}});
+        const LayoutGraph graph(2, {{0, 1}});
         ForceLayout(new FixedLayout({{9, 9}, {9, 9}})).layOut(graph.nodes());
         QCOMPARE(graph.centers(), (std::vector<QPoint>{{50, 50}, {50, 50}}));
     }
@@ -181,7 +181,7 @@ private Q_SLOTS:
         Edges edges = randomEdges(count, count, seed);
         for (int i = 0; i < count; ++i)
             edges.push_back({i, (i + 1) % count});
-        const TestGraph graph(count, edges);
+        const LayoutGraph graph(count, edges);
         RandomLayout().layOut(graph.nodes());
         PlainParticles::Simulation plain = plainSimulation(graph, edges);
         const int steps = plain.run();
@@ -197,7 +197,7 @@ private Q_SLOTS:
             Edges edges = randomEdges(12, 6, seed);
             for (int i = 0; i < 12; ++i)
                 edges.push_back({i, (i + 1) % 12});
-            const TestGraph graph(12, edges);
+            const LayoutGraph graph(12, edges);
             RandomLayout().layOut(graph.nodes());
             PlainParticles::Simulation earlier = plainSimulation(graph, edges);
             PlainParticles::Simulation settled = earlier;
@@ -222,7 +222,7 @@ private Q_SLOTS:
             Edges edges = randomEdges(40, 120, seed);
             for (int i = 0; i < 40; ++i)
                 edges.push_back({i, (i + 1) % 40});
-            const TestGraph graph(40, edges);
+            const LayoutGraph graph(40, edges);
             RandomLayout().layOut(graph.nodes());
             PlainParticles::Simulation last = plainSimulation(graph, edges);
             if (last.run() != 1000)
@@ -237,12 +237,35 @@ private Q_SLOTS:
         QVERIFY(judged > 0);
     }
 
+    // Graphs that would stop at another step if the threshold were a little lower or higher.
+    void simulationStopsAtHalfTheMass() {
+        int judgedLower = 0, judgedHigher = 0;
+        for (unsigned seed = 1; seed <= 60; ++seed) {
+            Edges edges = randomEdges(20, 10, seed);
+            for (int i = 0; i < 20; ++i)
+                edges.push_back({i, (i + 1) % 20});
+            const LayoutGraph graph(20, edges);
+            RandomLayout().layOut(graph.nodes());
+            PlainParticles::Simulation plain = plainSimulation(graph, edges);
+            PlainParticles::Simulation lower = plain, higher = plain;
+            plain.run();
+            const std::vector<QPoint> expected = shifted(plain, 50, 50);
+            lower.run(0.45);
+            judgedLower += shifted(lower, 50, 50) != expected ? 1 : 0;
+            higher.run(0.55);
+            judgedHigher += shifted(higher, 50, 50) != expected ? 1 : 0;
+            ForceLayout(new RandomLayout).layOut(graph.nodes());
+            QCOMPARE(graph.centers(), expected);
+        }
+        QVERIFY(judgedLower > 0 && judgedHigher > 0);
+    }
+
     void ringSurroundsTheSimulatedNodes() {
         const Edges edges{{0, 2}, {2, 4}, {4, 0}, {4, 5}};
-        const TestGraph graph(9, edges);
+        const LayoutGraph graph(9, edges);
         const std::vector<int> connected{0, 2, 4, 5};
         RandomLayout().layOut(graph.nodes());
-        TestGraph reduced(4, {});
+        LayoutGraph reduced(4, {});
         const Edges reducedEdges{{0, 1}, {1, 2}, {2, 0}, {2, 3}};
         for (int i = 0; i < 4; ++i) {
             const QPoint center = graph.node(connected[static_cast<std::size_t>(i)]).getCenter();
@@ -277,7 +300,7 @@ private Q_SLOTS:
 
     // The entry of a deleted edge makes a node connected, though nothing pulls it.
     void entryOfADeletedEdgeMakesANodeConnected() {
-        TestGraph graph(2, {{0, 1}});
+        LayoutGraph graph(2, {{0, 1}});
         graph.removeEdge(0);
         ForceLayout(new FixedLayout({{0, 0}, {100, 0}})).layOut(graph.nodes());
         QCOMPARE(graph.node(0).getCenter(), QPoint(50, 50));
@@ -285,7 +308,7 @@ private Q_SLOTS:
     }
 
     void neighboursThatAreNotInTheListPullNothing() {
-        const TestGraph graph(3, {{0, 1}, {1, 2}});
+        const LayoutGraph graph(3, {{0, 1}, {1, 2}});
         graph.node(1).moveTo(-500, -500);
         ForceLayout layout(nullptr);
         graph.node(0).moveTo(0, 0);
@@ -301,7 +324,7 @@ private Q_SLOTS:
         {
             ForceLayout layout(new CountedLayout(runs, deletions));
             QCOMPARE(runs, 0);
-            const TestGraph graph(3, {{0, 1}});
+            const LayoutGraph graph(3, {{0, 1}});
             layout.layOut(graph.nodes());
             QCOMPARE(runs, 1);
             QCOMPARE(deletions, 0);
@@ -315,7 +338,7 @@ private Q_SLOTS:
         for (int i = 0; i < 3000; ++i)
             edges.push_back({i % 2, 1 - i % 2});
         edges.push_back({1, 2});
-        const TestGraph graph(3, edges);
+        const LayoutGraph graph(3, edges);
         ForceLayout(new FixedLayout({{0, 0}, {5000, 0}, {9000, 100}})).layOut(graph.nodes());
         for (const QPoint& center : graph.centers())
             QVERIFY(std::abs(center.x()) <= 1000000000 && std::abs(center.y()) <= 1000000000);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/LayoutManager.h"
 
-#include "tests/visualization/graphcore/TestGraph.h"
+#include "tests/visualization/graphcore/LayoutGraph.h"
 #include "visualization/graphcore/ForceLayout.h"
 #include "visualization/graphcore/RandomLayout.h"
 #include "visualization/graphcore/SourceSinkLayout.h"
@@ -17,9 +17,9 @@ Q_DECLARE_METATYPE(MakeLayout)
 
 namespace {
 
-TestGraph mixedGraph() {
+LayoutGraph mixedGraph() {
     // A tree with a cross edge, a cycle, recursion, parallel edges and isolated nodes.
-    return TestGraph(12, {{0, 1}, {0, 2}, {1, 3}, {2, 3}, {4, 5}, {5, 6}, {6, 4}, {7, 7}, {0, 8}, {0, 8}});
+    return LayoutGraph(12, {{0, 1}, {0, 2}, {1, 3}, {2, 3}, {4, 5}, {5, 6}, {6, 4}, {7, 7}, {0, 8}, {0, 8}});
 }
 
 } // namespace
@@ -46,15 +46,15 @@ private Q_SLOTS:
     void sameGraphGivesTheSamePicture_data() { addLayoutRows(); }
     void sameGraphGivesTheSamePicture() {
         QFETCH(MakeLayout, make);
-        const TestGraph first = mixedGraph();
+        const LayoutGraph first = mixedGraph();
         const std::unique_ptr<LayoutManager> layout = make();
         layout->layOut(first.nodes());
         const std::vector<QPoint> expected = first.centers();
         layout->layOut(first.nodes());
         QCOMPARE(first.centers(), expected);
         // Another object, and nodes at other addresses.
-        const TestGraph padding = mixedGraph();
-        const TestGraph second = mixedGraph();
+        const LayoutGraph padding = mixedGraph();
+        const LayoutGraph second = mixedGraph();
         make()->layOut(second.nodes());
         QCOMPARE(second.centers(), expected);
     }
@@ -62,10 +62,10 @@ private Q_SLOTS:
     void earlierRunsLeaveNoTrace_data() { addLayoutRows(); }
     void earlierRunsLeaveNoTrace() {
         QFETCH(MakeLayout, make);
-        const TestGraph fresh = mixedGraph();
+        const LayoutGraph fresh = mixedGraph();
         make()->layOut(fresh.nodes());
-        const TestGraph other(30, {{3, 4}, {4, 5}, {5, 3}, {9, 8}, {29, 0}});
-        const TestGraph again = mixedGraph();
+        const LayoutGraph other(30, {{3, 4}, {4, 5}, {5, 3}, {9, 8}, {29, 0}});
+        const LayoutGraph again = mixedGraph();
         const std::unique_ptr<LayoutManager> layout = make();
         layout->layOut(other.nodes());
         layout->layOut(again.nodes());
@@ -75,7 +75,7 @@ private Q_SLOTS:
     void allVisibleNodesGetPlacesOfTheirOwn_data() { addLayoutRows(); }
     void allVisibleNodesGetPlacesOfTheirOwn() {
         QFETCH(MakeLayout, make);
-        const TestGraph graph = mixedGraph();
+        const LayoutGraph graph = mixedGraph();
         make()->layOut(graph.nodes());
         const std::vector<QPoint> centers = graph.centers();
         for (std::size_t i = 0; i < centers.size(); ++i)
@@ -86,7 +86,7 @@ private Q_SLOTS:
     void sizesAndEdgesAreLeftAlone_data() { addLayoutRows(); }
     void sizesAndEdgesAreLeftAlone() {
         QFETCH(MakeLayout, make);
-        const TestGraph graph = mixedGraph();
+        const LayoutGraph graph = mixedGraph();
         make()->layOut(graph.nodes());
         for (NodeBase* node : graph.nodes())
             QCOMPARE(node->getRect().size(), QSize(40, 20));
@@ -98,7 +98,7 @@ private Q_SLOTS:
     void edgesFollowTheirNodes_data() { addLayoutRows(); }
     void edgesFollowTheirNodes() {
         QFETCH(MakeLayout, make);
-        const TestGraph graph = mixedGraph();
+        const LayoutGraph graph = mixedGraph();
         make()->layOut(graph.nodes());
         for (NodeBase* node : graph.nodes()) {
             for (EdgeBase* edge : node->getOutgoingEdges()) {
@@ -114,7 +114,7 @@ private Q_SLOTS:
     void entriesOfDeletedEdgesAreSkipped_data() { addLayoutRows(); }
     void entriesOfDeletedEdgesAreSkipped() {
         QFETCH(MakeLayout, make);
-        TestGraph graph = mixedGraph();
+        LayoutGraph graph = mixedGraph();
         graph.removeEdge(0);
         graph.removeEdge(4);
         make()->layOut(graph.nodes());

@@ -91,9 +91,9 @@ struct Simulation {
         }
     }
 
-    /// Steps until the energy is at most half the mass, looked at only after 102 steps, 1000 steps at most.
+    /// Steps until the energy is at most a share of the mass, looked at only after 102 steps, 1000 steps at most.
     /// @return the number of steps made.
-    int run() {
+    int run(double share = 0.5) {
         double mass = 0;
         for (const Particle& p : particles)
             mass += p.mass;
@@ -102,7 +102,7 @@ struct Simulation {
         while (!settled && steps < 1000) {
             makeStep();
             ++steps;
-            settled = steps >= 102 && !(energy > mass * 0.5);
+            settled = steps >= 102 && !(energy > mass * share);
         }
         return steps;
     }

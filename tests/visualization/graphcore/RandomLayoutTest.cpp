@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/RandomLayout.h"
 
-#include "tests/visualization/graphcore/TestGraph.h"
+#include "tests/visualization/graphcore/LayoutGraph.h"
 
 #include <QtTest>
 
@@ -29,14 +29,14 @@ private Q_SLOTS:
     // After srand(0) this C library gives 1804289383, 846930886, 1681692777, 1714636915, ...: shares of 0.84019,
     // 0.39438, 0.78310, 0.79844 of a side of sqrt(3) * 150 = 259.81.
     void xIsDrawnBeforeY() {
-        const TestGraph graph(3, {});
+        const LayoutGraph graph(3, {});
         RandomLayout().layOut(graph.nodes());
         QCOMPARE(graph.node(0).getCenter(), QPoint(218, 102));
         QCOMPARE(graph.node(1).getCenter(), QPoint(203, 207));
     }
 
     void everyRunReseedsTheGenerator() {
-        const TestGraph graph(1, {});
+        const LayoutGraph graph(1, {});
         std::srand(99);
         RandomLayout().layOut(graph.nodes());
         const int afterwards = std::rand();
@@ -55,7 +55,7 @@ private Q_SLOTS:
     }
 
     void noTwoNodesShareACentre() {
-        const TestGraph graph(3000, {});
+        const LayoutGraph graph(3000, {});
         RandomLayout().layOut(graph.nodes());
         const double side = std::sqrt(3000.0) * 150;
         std::set<std::pair<int, int>> taken;
@@ -68,7 +68,7 @@ private Q_SLOTS:
     // 100,000 nodes on a side of 47,434: some key, x * 10000 + y, comes twice and is drawn again.
     void takenPlacesAreDrawnAgain() {
         const int count = 100000;
-        const TestGraph graph(count, {});
+        const LayoutGraph graph(count, {});
         RandomLayout().layOut(graph.nodes());
         const double side = std::sqrt(static_cast<double>(count)) * 150;
         std::srand(0);
@@ -89,7 +89,7 @@ private Q_SLOTS:
     }
 
     void invisibleNodesArePlacedToo() {
-        const TestGraph graph(3, {});
+        const LayoutGraph graph(3, {});
         graph.node(0).setVisible(false);
         RandomLayout().layOut(graph.nodes());
         QCOMPARE(graph.node(0).getCenter(), QPoint(218, 102));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/SourceSinkLayout.h"
 
-#include "tests/visualization/graphcore/TestGraph.h"
+#include "tests/visualization/graphcore/LayoutGraph.h"
 
 #include <QtTest>
 
@@ -11,7 +11,7 @@ class SourceSinkLayoutTest : public QObject {
     Q_OBJECT
 
 private:
-    static std::vector<QPoint> laidOut(const TestGraph& graph) {
+    static std::vector<QPoint> laidOut(const LayoutGraph& graph) {
         SourceSinkLayout().layOut(graph.nodes());
         return graph.centers();
     }
@@ -19,12 +19,12 @@ private:
 
 private Q_SLOTS:
     void chainIsOneColumn() {
-        QCOMPARE(laidOut(TestGraph(3, {{0, 1}, {1, 2}})), (Points{{50, 50}, {50, 200}, {50, 350}}));
+        QCOMPARE(laidOut(LayoutGraph(3, {{0, 1}, {1, 2}})), (Points{{50, 50}, {50, 200}, {50, 350}}));
     }
 
     // Slots of 40 + 30 and 60 + 30: the parent sits at (160 - 90) / 2 from the left.
     void parentSitsMidwayBetweenItsOuterChildren() {
-        TestGraph graph;
+        LayoutGraph graph;
         NodeBase& parent = graph.add("p", 500);
         graph.join(parent, graph.add("a", 40));
         graph.join(parent, graph.add("b", 60));
@@ -33,7 +33,7 @@ private Q_SLOTS:
 
     // Children's slots 71, 70 and 73: (214 - 73) / 2 = 70, not 70.5.
     void halfUnitsAreDropped() {
-        TestGraph graph;
+        LayoutGraph graph;
         NodeBase& parent = graph.add("p");
         for (const int width : {41, 40, 43})
             graph.join(parent, graph.add("c", width));
@@ -42,12 +42,12 @@ private Q_SLOTS:
 
     // The inner node's slot is its two leaves' (70 + 70); the next leaf of the root starts after it.
     void treesNest() {
-        const TestGraph graph(5, {{0, 1}, {0, 4}, {1, 2}, {1, 3}});
+        const LayoutGraph graph(5, {{0, 1}, {0, 4}, {1, 2}, {1, 3}});
         QCOMPARE(laidOut(graph), (Points{{120, 50}, {85, 200}, {50, 350}, {120, 350}, {190, 200}}));
     }
 
     void sourcesStandSideBySideInListOrder() {
-        QCOMPARE(laidOut(TestGraph(4, {{0, 3}})), (Points{{50, 50}, {120, 50}, {190, 50}, {50, 200}}));
+        QCOMPARE(laidOut(LayoutGraph(4, {{0, 3}})), (Points{{50, 50}, {120, 50}, {190, 50}, {50, 200}}));
     }
 
     void mainComesFirst_data() {
@@ -57,7 +57,7 @@ private Q_SLOTS:
     }
     void mainComesFirst() {
         QFETCH(QString, name);
-        TestGraph graph;
+        LayoutGraph graph;
         graph.add("a");
         NodeBase& main = graph.add(name);
         graph.join(main, graph.add("b"));
@@ -72,7 +72,7 @@ private Q_SLOTS:
     }
     void otherSpellingsAreNoMain() {
         QFETCH(QString, name);
-        TestGraph graph;
+        LayoutGraph graph;
         graph.add("a");
         graph.add(name);
         QVERIFY(SourceSinkLayout::findMainNode(graph.nodes()) == nullptr);
@@ -80,7 +80,7 @@ private Q_SLOTS:
     }
 
     void firstMainInTheListCounts() {
-        TestGraph graph;
+        LayoutGraph graph;
         graph.add("a");
         NodeBase& entry = graph.add("Entry");
         graph.add("main");
@@ -89,7 +89,7 @@ private Q_SLOTS:
     }
 
     void mainThatIsCalledStillComesFirst() {
-        TestGraph graph;
+        LayoutGraph graph;
         NodeBase& caller = graph.add("caller");
         NodeBase& main = graph.add("main");
         graph.join(caller, main);
@@ -99,7 +99,7 @@ private Q_SLOTS:
 
     // main is hidden: it starts no tree, and is no obstacle.
     void hiddenMainIsPlacedOnlyWhereATreeReachesIt() {
-        TestGraph graph;
+        LayoutGraph graph;
         NodeBase& main = graph.add("main");
         main.setVisible(false);
         main.moveTo(7, 8);
@@ -110,7 +110,7 @@ private Q_SLOTS:
     }
 
     void hiddenNodesStartNoTree() {
-        const TestGraph graph(4, {{1, 2}, {3, 3}});
+        const LayoutGraph graph(4, {{1, 2}, {3, 3}});
         graph.node(0).setVisible(false);
         graph.node(0).moveTo(-5, -6);
         graph.node(2).setVisible(false);
@@ -120,35 +120,35 @@ private Q_SLOTS:
     }
 
     void cycleIsLaidOutFromItsFirstNode() {
-        QCOMPARE(laidOut(TestGraph(3, {{1, 2}, {2, 0}, {0, 1}})), (Points{{50, 50}, {50, 200}, {50, 350}}));
+        QCOMPARE(laidOut(LayoutGraph(3, {{1, 2}, {2, 0}, {0, 1}})), (Points{{50, 50}, {50, 200}, {50, 350}}));
     }
 
     // Recursion is an incoming edge: node 0 waits until the source, node 1, is placed.
-    void recursiveNodeIsNoSource() { QCOMPARE(laidOut(TestGraph(2, {{0, 0}})), (Points{{120, 50}, {50, 50}})); }
+    void recursiveNodeIsNoSource() { QCOMPARE(laidOut(LayoutGraph(2, {{0, 0}})), (Points{{120, 50}, {50, 50}})); }
 
     // Nodes 1 and 2 are both children of 0; the edge 1 -> 2 does not take 2 to the third row.
     void childrenAreClaimedBeforeAnyOfThemIsLookedInto() {
-        QCOMPARE(laidOut(TestGraph(3, {{0, 1}, {0, 2}, {1, 2}})), (Points{{85, 50}, {50, 200}, {120, 200}}));
+        QCOMPARE(laidOut(LayoutGraph(3, {{0, 1}, {0, 2}, {1, 2}})), (Points{{85, 50}, {50, 200}, {120, 200}}));
     }
 
     void sharedChildGoesToTheParentThatComesFirst() {
-        QCOMPARE(laidOut(TestGraph(4, {{0, 1}, {0, 2}, {1, 3}, {2, 3}})),
+        QCOMPARE(laidOut(LayoutGraph(4, {{0, 1}, {0, 2}, {1, 3}, {2, 3}})),
                  (Points{{85, 50}, {50, 200}, {120, 200}, {50, 350}}));
     }
 
     void parallelEdgesMakeOneChild() {
-        QCOMPARE(laidOut(TestGraph(2, {{0, 1}, {0, 1}})), (Points{{50, 50}, {50, 200}}));
+        QCOMPARE(laidOut(LayoutGraph(2, {{0, 1}, {0, 1}})), (Points{{50, 50}, {50, 200}}));
     }
 
     // A deleted edge still counts as an incoming entry, so node 1 is no source, but leads nowhere.
     void entryOfADeletedEdgeKeepsItsTargetFromBeingASource() {
-        TestGraph graph(3, {{0, 1}, {0, 2}});
+        LayoutGraph graph(3, {{0, 1}, {0, 2}});
         graph.removeEdge(0);
         QCOMPARE(laidOut(graph), (Points{{50, 50}, {120, 50}, {50, 200}}));
     }
 
     void locateNodesTellsTheWidthAndWhatItPlaced() {
-        const TestGraph graph(4, {{0, 1}, {0, 2}});
+        const LayoutGraph graph(4, {{0, 1}, {0, 2}});
         std::set<NodeBase*> placed{&graph.node(0)};
         int width = 0;
         SourceSinkLayout::locateNodes(graph.node(0), placed, 2, 1000, width);
@@ -164,7 +164,7 @@ private Q_SLOTS:
         std::vector<std::pair<int, int>> edges;
         for (int i = 1; i < count; ++i)
             edges.push_back({i - 1, i});
-        const TestGraph graph(count, edges);
+        const LayoutGraph graph(count, edges);
         SourceSinkLayout().layOut(graph.nodes());
         QCOMPARE(graph.node(count - 1).getCenter(), QPoint(50, (count - 1) * 150 + 50));
     }
