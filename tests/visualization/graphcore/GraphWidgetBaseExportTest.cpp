@@ -117,7 +117,7 @@ private Q_SLOTS:
 
     void enormousImageIsSkipped() {
         GraphProbe probe;
-        probe.setGraphSize(2000000, 2000000);
+        probe.setGraphSize(2000000000, 2000000000);
         probe.log.clear();
         QVERIFY(probe.renderImage().isNull());
         probe.save(path("large.png"));
