@@ -158,11 +158,12 @@ void MainWindow::finishReading(bool success, const QStringList& paths) {
             readable.append(file.path);
     }
     m_recent->add(readable);
+    const int count = static_cast<int>(m_session.getPaths().size());
     if (unreadable > 0)
-        report(tr("%1 of %2 files could not be read.").arg(unreadable).arg(m_session.getPaths().size()),
-               Console::Error);
+        report(tr("%1 of %2 files could not be read.").arg(unreadable).arg(count), Console::Error);
     else
-        statusBar()->showMessage(tr("Read %1.").arg(m_session.getPaths().join(", ")), 5000);
+        report(count == 1 ? tr("Read %1.").arg(m_session.getPaths().front()) : tr("Read %1 files.").arg(count),
+               Console::Info);
 }
 
 bool MainWindow::exportTo(const QString& path) {

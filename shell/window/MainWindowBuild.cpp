@@ -81,6 +81,8 @@ void MainWindow::buildToolBars() {
     zoom->addActions({m_actions.zoomOut, m_actions.resetZoom, m_actions.zoomIn, m_actions.fit});
     m_viewToolBar = addToolBar(tr("View"));
     m_viewToolBar->setObjectName("viewToolBar");
+    for (QToolBar* bar : {file, zoom, m_viewToolBar})
+        bar->setMovable(false);
 }
 
 void MainWindow::updateViewToolBar() {

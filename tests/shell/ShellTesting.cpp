@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "tests/shell/ShellTesting.h"
+
+#include "shell/program/SourceReader.h"
+
+#include <QFile>
+#include <QProcess>
+
+namespace Kova::Shell::Testing {
+
+QString SourceFolder::write(const QString& name, const QByteArray& content) const {
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+OpenedProgram readProgram(const QStringList& paths) {
+    return SourceReader(Frontends::COptions()).read(paths);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString programPath() {
+    return KOVA_SHELL_PROGRAM;
+}
+
+QProcessEnvironment withoutDisplay() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
+        environment.remove(variable);
+    return environment;
+}
+
+Finished runProgram(const QStringList& arguments, const QString& outFile, const QProcessEnvironment& environment) {
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    if (!outFile.isEmpty())
+        process.setStandardOutputFile(outFile);
+    process.start(programPath(), arguments);
+    constexpr int mostMilliseconds = 120000;
+    Finished finished;
+    if (process.waitForFinished(mostMilliseconds) && process.exitStatus() == QProcess::NormalExit)
+        finished.status = process.exitCode();
+    process.kill();
+    process.waitForFinished();
+    finished.out = process.readAllStandardOutput();
+    finished.error = process.readAllStandardError();
+    return finished;
+}
+
+} // namespace Kova::Shell::Testing

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "shell/pictures/Gallery.h"
+
+#include "shell/messages/MessageLog.h"
+#include "shell/program/OpenedProgram.h"
+#include "tests/shell/ShellTesting.h"
+
+#include <QDir>
+#include <QImage>
+#include <QtTest>
+
+namespace Kova::Shell {
+
+namespace {
+
+constexpr auto source = R"(
+static int leaf(int x) { return x; }
+static int looping(int x) { return x ? looping(x - 1) : 0; }
+int main(void) { return leaf(1) + looping(2); }
+)";
+
+constexpr auto other = R"(
+static int deep(void) { return 1; }
+static int looping(void) { return deep(); }
+int use(void) { return looping(); }
+)";
+
+QStringList filesIn(const QString& directory) {
+    return QDir(directory).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+} // namespace
+
+class GalleryTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void writesWhatIsWorthIt();
+    void equalNamesGetFilesOfTheirOwn();
+    void aProgramWithoutProceduresHasAPageOnly();
+    void aFileInTheWayIsReported();
+    void whatCannotBeWrittenIsReportedAndTheRestWritten();
+
+private:
+    MessageLog m_log;
+};
+
+void GalleryTest::writesWhatIsWorthIt() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
+    Gallery gallery(program, folder.path("new/gallery"));
+    QCOMPARE(gallery.write(), QStringList());
+    QCOMPARE(gallery.getPictureCount(), std::size_t(3)); // not leaf: it calls nothing
+    QCOMPARE(filesIn(folder.path("new/gallery")),
+             QStringList({"call-graph-looping.png", "call-graph-looping.svg", "call-graph-main.png",
+                          "call-graph-main.svg", "call-graph-program.png", "call-graph-program.svg", "index.html"}));
+    QVERIFY(!QImage(folder.path("new/gallery/call-graph-main.png")).isNull());
+    const QByteArray page = Testing::contentOf(folder.path("new/gallery/index.html"));
+    QVERIFY(page.contains("subroutine looping"));
+    QVERIFY(page.contains("3 procedures, 3 calls")); // main to both, looping to itself
+    QVERIFY(page.contains("a.c:3, 1 procedure, 1 call"));
+}
+
+void GalleryTest::equalNamesGetFilesOfTheirOwn() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source), folder.write("b.c", other)});
+    Gallery gallery(program, folder.path("gallery"));
+    QCOMPARE(gallery.write(), QStringList());
+    QVERIFY(filesIn(folder.path("gallery")).contains("call-graph-looping.png"));
+    QVERIFY(filesIn(folder.path("gallery")).contains("call-graph-looping-2.png"));
+}
+
+void GalleryTest::aProgramWithoutProceduresHasAPageOnly() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", "int x;\n")});
+    Gallery gallery(program, folder.path("gallery"));
+    QCOMPARE(gallery.write(), QStringList());
+    QCOMPARE(gallery.getPictureCount(), std::size_t(0));
+    QCOMPARE(filesIn(folder.path("gallery")), QStringList("index.html"));
+}
+
+void GalleryTest::aFileInTheWayIsReported() {
+    const Testing::SourceFolder folder;
+    const QString file = folder.write("a.c", source);
+    const OpenedProgram program = Testing::readProgram({file});
+    QCOMPARE(Gallery(program, file).write().size(), 1);
+    QCOMPARE(Gallery(program, file + "/below").write().size(), 1);
+    QCOMPARE(Testing::contentOf(file), QByteArray(source));
+}
+
+void GalleryTest::whatCannotBeWrittenIsReportedAndTheRestWritten() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
+    QVERIFY(QDir().mkpath(folder.path("gallery/call-graph-main.png"))); // a directory of that name
+    Gallery gallery(program, folder.path("gallery"));
+    const QStringList failures = gallery.write();
+    QCOMPARE(failures.size(), 1);
+    QVERIFY(failures.first().contains("call-graph-main.png"));
+    QVERIFY(QFile::exists(folder.path("gallery/call-graph-main.svg")));
+    const QByteArray page = Testing::contentOf(folder.path("gallery/index.html"));
+    QVERIFY(page.contains("call-graph-main.svg"));
+    QVERIFY(!page.contains("call-graph-main.png"));
+}
+
+} // namespace Kova::Shell
+
+QTEST_MAIN(Kova::Shell::GalleryTest)
+#include "GalleryTest.moc"

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/ProgramTreeModel.h"
+
+#include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/SubroutineDeclaration.h"
+#include "shell/program/ProgramOutline.h"
+#include "tests/shell/ShellTesting.h"
+
+#include <QAbstractItemModelTester>
+#include <QtTest>
+
+namespace Kova::Shell {
+
+namespace {
+
+/// The rows as text, two blanks a level.
+void dump(const QAbstractItemModel& model, const QModelIndex& parent, int level, QStringList& lines) {
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        const QString numbers = index.sibling(row, 1).data().toString();
+        lines.append(QString(2 * level, ' ') + index.data().toString() + (numbers.isEmpty() ? "" : " " + numbers));
+        dump(model, index, level + 1, lines);
+    }
+}
+
+QStringList dump(const QAbstractItemModel& model) {
+    QStringList lines;
+    dump(model, {}, 0, lines);
+    return lines;
+}
+
+} // namespace
+
+class ProgramTreeModelTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsTheModelsContract();
+    void rowsAreFilesSubroutinesLoops();
+    void rowsKnowTheirSubjects();
+    void rowsAreFoundBySubject();
+    void headersAndTips();
+};
+
+constexpr auto source = "int f(int n) {\n"
+                        "    for (;;) {\n"
+                        "        while (n) --n;\n"
+                        "    }\n"
+                        "    do ; while (n);\n"
+                        "}\n"
+                        "int g(void) { return 0; }\n";
+
+void ProgramTreeModelTest::keepsTheModelsContract() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source), folder.write("b.c", source)});
+    ProgramTreeModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QCOMPARE(dump(model), QStringList());
+    model.setProgram(ProgramOutline(program), &program.getUnit());
+    QCOMPARE(model.rowCount(), 2);
+    model.setProgram(ProgramOutline(), nullptr);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void ProgramTreeModelTest::rowsAreFilesSubroutinesLoops() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program =
+        Testing::readProgram({folder.write("a.c", source), folder.write("empty.c", "int x;\n")});
+    ProgramTreeModel model;
+    model.setProgram(ProgramOutline(program), &program.getUnit());
+    QCOMPARE(dump(model),
+             QStringList({"a.c", QString::fromUtf8("  f 1\u20136"), QString::fromUtf8("    for loop 2\u20134"),
+                          "      while loop 3", "    do loop 5", "  g 7", "empty.c"}));
+}
+
+void ProgramTreeModelTest::rowsKnowTheirSubjects() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
+    ProgramTreeModel model;
+    model.setProgram(ProgramOutline(program), &program.getUnit());
+    const QModelIndex file = model.index(0, 0);
+    const QModelIndex f = model.index(0, 0, file);
+    const QModelIndex loop = model.index(0, 0, f);
+    QCOMPARE(model.getSubject(file).getTitle(), QString("program"));
+    QCOMPARE(model.getSubject(f).getTitle(), QString("subroutine f"));
+    QCOMPARE(model.getSubject(loop).getTitle(), QString("loop at line 2 in f"));
+    QCOMPARE(model.getSubject(model.index(0, 1, loop)).getTitle(), QString("loop at line 3 in f"));
+    QVERIFY(model.getSubject({}).getKind() == Subject::Kind::None);
+}
+
+void ProgramTreeModelTest::rowsAreFoundBySubject() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
+    ProgramTreeModel model;
+    model.setProgram(ProgramOutline(program), &program.getUnit());
+    const QModelIndex file = model.index(0, 0);
+    const QModelIndex f = model.index(0, 0, file);
+    for (const QModelIndex& index : {file, f, model.index(1, 0, file), model.index(0, 0, f), model.index(1, 0, f)})
+        QCOMPARE(model.findIndex(model.getSubject(index)), index);
+    const Subject body(*static_cast<Tessel::StatementBase*>(model.getSubject(f).getSubroutine()->getBody()));
+    QVERIFY(!model.findIndex(body).isValid());
+}
+
+void ProgramTreeModelTest::headersAndTips() {
+    const Testing::SourceFolder folder;
+    const QString path = folder.write("a.c", source);
+    const OpenedProgram program = Testing::readProgram({path});
+    ProgramTreeModel model;
+    model.setProgram(ProgramOutline(program), &program.getUnit());
+    QCOMPARE(model.columnCount(), 2);
+    QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QString("Name"));
+    QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QString("Lines"));
+    const QModelIndex file = model.index(0, 0);
+    QCOMPARE(file.data(Qt::ToolTipRole).toString(), path);
+    QCOMPARE(model.index(1, 0, file).data(Qt::ToolTipRole).toString(), path + ":7");
+}
+
+} // namespace Kova::Shell
+
+QTEST_MAIN(Kova::Shell::ProgramTreeModelTest)
+#include "ProgramTreeModelTest.moc"
