@@ -121,7 +121,7 @@ PieceList CDeclarationPieces::declaratorOf(DeclarationBase& declaration) const {
         pieces.node(variable->getInitializer(), Precedence::Assignment);
     }
     if (field != nullptr && field->getBitWidth() != nullptr) {
-        pieces.text(" : ", declaration);
+        pieces.text(declaration.getName().empty() ? ": " : " : ", declaration);
         pieces.node(field->getBitWidth(), Precedence::Conditional);
     }
     return pieces;

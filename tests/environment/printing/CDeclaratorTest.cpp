@@ -126,6 +126,8 @@ TEST_F(CDeclaratorTest, DefinesTypesWithoutNamesWhereTheyAreUsed) {
     point.append(std::make_unique<FieldDeclaration>("x", intType));
     point.append(std::make_unique<FieldDeclaration>("bits", intType, literal("3")));
     EXPECT_EQ(declared(types.pointer(types.declared(point))), "struct { int x; int bits : 3; } *name");
+    point.append(std::make_unique<FieldDeclaration>("", intType, literal("0")));
+    EXPECT_EQ(declared(types.declared(point)), "struct { int x; int bits : 3; int : 0; } name");
     EnumDeclaration color("");
     color.setComplete(true);
     color.append(std::make_unique<EnumeratorDeclaration>("RED", 0, nullptr));
