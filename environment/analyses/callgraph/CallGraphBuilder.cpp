@@ -104,9 +104,9 @@ void CallGraph::Builder::addPart(Declaration& procedure, TesselBase& part) {
 }
 
 void CallGraph::Builder::run() {
-    // The list grows while it is worked off.
-    for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-        Node& caller = *m_waiting[i];
+    while (!m_waiting.empty()) {
+        Node& caller = *m_waiting.front();
+        m_waiting.pop_front();
         Declaration& procedure = *caller.getSubProc();
         for (std::size_t k = 0; k < procedure.getChildCount(); ++k)
             if (TesselBase* part = procedure.getChild(k))

@@ -4,6 +4,7 @@
 #include "environment/analyses/callgraph/CallGraph.h"
 #include "environment/tessel/service/SubroutineIndex.h"
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -48,5 +49,5 @@ private:
     std::unordered_map<const Declaration*, Node*> m_nodeOf;
     std::map<Place, Declaration*> m_firstAt;
     std::unordered_map<std::string, Declaration*> m_prototypeOf;
-    std::vector<Node*> m_waiting;
+    std::deque<Node*> m_waiting;
 };
