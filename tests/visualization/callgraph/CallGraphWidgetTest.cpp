@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/callgraph/CallGraphWidget.h"
 
-#include "environment/analyses/callgraph/CallGraph.h"
 #include "environment/core/Console.h"
-#include "environment/tessel/BinaryExpression.h"
-#include "tests/visualization/callgraph/SampleProgram.h"
-#include "visualization/callgraph/Edge.h"
+#include "tests/visualization/callgraph/TestedWidget.h"
 #include "visualization/callgraph/Node.h"
-#include "visualization/graphcore/ChangeStamp.h"
 #include "visualization/graphcore/ForceLayout.h"
 #include "visualization/graphcore/RandomLayout.h"
 
@@ -37,72 +33,6 @@ public:
 
 private:
     std::string m_tag;
-};
-
-class TestedWidget : public CallGraph::CallGraphWidget {
-public:
-    using CallGraphWidget::callGraphToLists;
-    using CallGraphWidget::contextMenu;
-    using CallGraphWidget::edgeBounds;
-    using CallGraphWidget::hoveredNode;
-    using CallGraphWidget::layOut;
-    using CallGraphWidget::showLists;
-
-    [[nodiscard]] NodeBase* nodeCalled(const QString& text) const {
-        for (NodeBase* node : getNodes()) {
-            if (node->getText() == text)
-                return node;
-        }
-        return nullptr;
-    }
-
-    [[nodiscard]] QStringList nodeTexts() const {
-        QStringList texts;
-        for (const NodeBase* node : getNodes())
-            texts.append(node->getText());
-        return texts;
-    }
-
-    /// Every edge as "caller > callee".
-    [[nodiscard]] QStringList edgeTexts() const {
-        QStringList texts;
-        for (const EdgeBase* edge : getEdges())
-            texts.append(edge->getSource()->getText() + " > " + edge->getTarget()->getText());
-        return texts;
-    }
-
-    [[nodiscard]] std::vector<QPoint> centers() const {
-        std::vector<QPoint> centers;
-        for (const NodeBase* node : getNodes())
-            centers.push_back(node->getCenter());
-        return centers;
-    }
-};
-
-struct Lists {
-    std::vector<std::string> names;
-    std::vector<std::pair<int, int>> edges;
-    std::vector<Procedure*> declarations;
-    std::vector<std::vector<std::string>> calls;
-
-    explicit Lists(const ::CallGraph& graph) {
-        TestedWidget::callGraphToLists(graph, names, edges, declarations, calls);
-    }
-};
-
-/// main calls alpha twice and beta once; beta calls itself; lonely does nothing.
-class Sample : public SampleProgram {
-public:
-    TranslationUnit& file = addFile("sample.c");
-    Procedure& main = addProcedure(file, "main");
-    Procedure& beta = addProcedure(file, "beta");
-    Procedure& alpha = addProcedure(file, "alpha");
-    Procedure& lonely = addProcedure(file, "lonely");
-    Kova::Tessel::StatementBase& secondCall;
-
-    Sample() : secondCall((addCall(main, alpha, "7"), addCall(main, beta, "1"), addCall(main, alpha, "3"))) {
-        addCall(beta, beta, "2");
-    }
 };
 
 } // namespace
@@ -138,96 +68,6 @@ private Q_SLOTS:
         QVERIFY(!actions[1]->isEnabled() && !actions[2]->isEnabled());
         for (const QAction* action : actions)
             QCOMPARE(action->parent(), &widget);
-    }
-
-    void listsFollowTheNames() {
-        Sample sample;
-        const ::CallGraph graph(&sample.unit());
-        const Lists lists(graph);
-        QCOMPARE(lists.names, (std::vector<std::string>{"alpha", "beta", "lonely", "main"}));
-        QCOMPARE(lists.declarations,
-                 (std::vector<Procedure*>{&sample.alpha, &sample.beta, &sample.lonely, &sample.main}));
-        QCOMPARE(lists.edges, (std::vector<std::pair<int, int>>{{1, 1}, {3, 0}, {3, 1}}));
-        QCOMPARE(lists.calls,
-                 (std::vector<std::vector<std::string>>{{"beta(2)"}, {"alpha(7)", "alpha(3)"}, {"beta(1)"}}));
-    }
-
-    void capitalsComeFirst() {
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a.c");
-        for (const char* name : {"zeta", "Zeta", "_x", "alpha"})
-            SampleProgram::addProcedure(file, name);
-        const ::CallGraph graph(&program.unit());
-        QCOMPARE(Lists(graph).names, (std::vector<std::string>{"Zeta", "_x", "alpha", "zeta"}));
-    }
-
-    // A library's procedure has no entry: its number is the number of entries, and there is no edge and no message.
-    void calleeWithoutEntryGivesNoEdge() {
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a.c");
-        Procedure& puts = SampleProgram::addExternal(file, "puts");
-        Procedure& main = SampleProgram::addProcedure(file, "main");
-        SampleProgram::addCall(main, puts, "0");
-        const ::CallGraph graph(&program.unit());
-        QCOMPARE(Lists(graph).edges, (std::vector<std::pair<int, int>>{{0, 1}}));
-        TestedWidget widget;
-        widget.onNewProgram(program.unit());
-        QCOMPARE(widget.nodeTexts(), QStringList{"main"});
-        QVERIFY(widget.getEdges().empty());
-        QVERIFY(consoleLines.empty());
-    }
-
-    // Two files have a helper of their own; each call leads to its own one.
-    void fileLocalProceduresOfOneNameAreToldApart() {
-        SampleProgram program;
-        for (const char* path : {"a.c", "b.c"}) {
-            TranslationUnit& file = program.addFile(path);
-            Procedure& helper = SampleProgram::addProcedure(file, "helper");
-            helper.setStorageClass(Kova::Tessel::StorageClass::Static);
-            Procedure& caller = SampleProgram::addProcedure(file, std::string("caller_") + path[0]);
-            SampleProgram::addCall(caller, helper, "1");
-        }
-        TestedWidget widget;
-        widget.onNewProgram(program.unit());
-        QCOMPARE(widget.nodeTexts(), (QStringList{"caller_a", "caller_b", "helper", "helper (b.c)"}));
-        QCOMPARE(widget.edgeTexts(), (QStringList{"caller_a > helper", "caller_b > helper (b.c)"}));
-    }
-
-    void callsArePrintedInTheirFilesLanguage_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("C") << 0 << "f(1 != 2)";
-        QTest::newRow("Fortran") << 1 << "f(1 /= 2)";
-        QTest::newRow("any other") << 7 << "f(1 /= 2)";
-    }
-    void callsArePrintedInTheirFilesLanguage() {
-        QFETCH(int, language);
-        QFETCH(QString, text);
-        using namespace Kova::Tessel;
-        const auto literal = [](const char* number) {
-            return std::make_unique<LiteralExpression>(LiteralExpression::Kind::Integer, number);
-        };
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a", static_cast<SourceLanguage>(language));
-        Procedure& f = SampleProgram::addProcedure(file, "f");
-        Procedure& g = SampleProgram::addProcedure(file, "g");
-        auto call = std::make_unique<SubroutineCallExpression>(std::make_unique<SubroutineReference>(f));
-        call->appendArgument(std::make_unique<BinaryExpression>(BinaryOperator::NotEqual, literal("1"), literal("2")));
-        g.getBody()->append(std::make_unique<ExpressionStatement>(std::move(call)));
-        TestedWidget widget;
-        widget.onNewProgram(program.unit());
-        QCOMPARE(widget.getEdges()[0]->getToolTip(), text);
-    }
-
-    // A subroutine outside every file, as a host may make one.
-    void callOutsideEveryFileIsPrintedAsC() {
-        Procedure f("f", nullptr);
-        f.setBody(std::make_unique<Kova::Tessel::BlockStatement>());
-        SampleProgram::addCall(f, f, "1");
-        TestedWidget widget;
-        widget.onNewSubroutine(f);
-        QCOMPARE(widget.edgeTexts(), QStringList{"f > f"});
-        QCOMPARE(widget.getEdges()[0]->getToolTip(), QString("f(1)"));
     }
 
     void programShowsItsProcedures() {
@@ -330,23 +170,6 @@ private Q_SLOTS:
         QCOMPARE(widget.getGraphSize(), QSize(right + 50, bottom + 50));
     }
 
-    // Only hidden orphans: the ring of 60 x 300 still counts.
-    void hiddenNodesCountForTheSize() {
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a.c");
-        for (const char* name : {"a", "b", "c", "d"})
-            SampleProgram::addProcedure(file, name);
-        TestedWidget widget;
-        widget.setHideOrphans(true);
-        widget.onNewProgram(program.unit());
-        // The lowest centre is (110, 350), the name's box half as wide and high around it.
-        const QSize box = QFontMetrics(QFont("Arial", 12)).size(0, "c") + QSize(10, 10);
-        const int right = 110 - box.width() / 2 + box.width() - 1;
-        const int bottom = 350 - box.height() / 2 + box.height() - 1;
-        QVERIFY(std::abs(widget.getGraphSize().width() - right - 50) <= 1);
-        QCOMPARE(widget.getGraphSize().height(), bottom + 50);
-    }
-
     void largeGraphIsFittedToTheViewport() {
         SampleProgram program;
         TranslationUnit& file = program.addFile("a.c");
@@ -363,23 +186,6 @@ private Q_SLOTS:
         QCOMPARE(widget.getScale(), scale);
     }
 
-    void subroutineShowsWhatItReaches() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewSubroutine(sample.beta);
-        QCOMPARE(widget.nodeTexts(), QStringList{"beta"});
-        QCOMPARE(widget.edgeTexts(), QStringList{"beta > beta"});
-    }
-
-    void statementShowsItsOwnCallsOnly() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewStatement(sample.secondCall);
-        QCOMPARE(widget.nodeTexts(), (QStringList{"alpha", "main"}));
-        QCOMPARE(widget.edgeTexts(), QStringList{"main > alpha"});
-        QCOMPARE(widget.getEdges()[0]->getToolTip(), QString("alpha(3)"));
-    }
-
     void emptyGraphLeavesThePlaceholderAndALine() {
         Sample sample;
         TestedWidget widget;
@@ -391,6 +197,20 @@ private Q_SLOTS:
         QVERIFY(!widget.actions()[1]->isEnabled());
         QCOMPARE(consoleLines,
                  (Lines{{2, "CallGraphVisual: Procedure Call graph was not created. Visualization interrupted."}}));
+    }
+
+    void callOfALibraryGivesNeitherEdgeNorMessage() {
+        SampleProgram program;
+        TranslationUnit& file = program.addFile("a.c");
+        Procedure& puts = SampleProgram::addExternal(file, "puts");
+        Procedure& main = SampleProgram::addProcedure(file, "main");
+        SampleProgram::addCall(main, puts, "0");
+        TestedWidget widget;
+        widget.onNewProgram(program.unit());
+        QCOMPARE(widget.nodeTexts(), QStringList{"main"});
+        QVERIFY(widget.getEdges().empty());
+        QVERIFY(consoleLines.empty());
+        QVERIFY(widget.actions()[1]->isEnabled());
     }
 
     void edgeWithOneBadEndIsSkippedSilently() {
@@ -418,91 +238,6 @@ private Q_SLOTS:
         QCOMPARE(widget.getNodes()[1]->getY(), 0);
         QCOMPARE(widget.getGraphSize(), QSize(0, 0));
         QVERIFY(!widget.actions()[1]->isEnabled() && !widget.actions()[2]->isEnabled());
-    }
-
-    void orphansHideAndComeBack() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewProgram(sample.unit());
-        const std::vector<QPoint> shown = widget.centers();
-        widget.getNodes()[0]->moveTo(999, 999);
-        widget.setHideOrphans(true);
-        QVERIFY(widget.isHidingOrphans());
-        QVERIFY(widget.actions()[0]->isChecked());
-        QVERIFY(!widget.nodeCalled("lonely")->isVisible());
-        for (const char* name : {"alpha", "beta", "main"})
-            QVERIFY2(widget.nodeCalled(name)->isVisible(), name);
-        QCOMPARE(widget.centers(), shown);
-        widget.getNodes()[0]->moveTo(999, 999);
-        widget.setHideOrphans(false);
-        QVERIFY(!widget.actions()[0]->isChecked());
-        QVERIFY(widget.nodeCalled("lonely")->isVisible());
-        QCOMPARE(widget.centers(), shown);
-    }
-
-    // Recursion is an edge.
-    void recursiveProcedureIsNoOrphan() {
-        SampleProgram program;
-        Procedure& f = SampleProgram::addProcedure(program.addFile("a.c"), "f");
-        SampleProgram::addCall(f, f, "1");
-        TestedWidget widget;
-        widget.setHideOrphans(true);
-        widget.onNewProgram(program.unit());
-        QVERIFY(widget.nodeCalled("f")->isVisible());
-    }
-
-    void actionHidesOrphans() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewProgram(sample.unit());
-        widget.actions()[0]->trigger();
-        QVERIFY(widget.isHidingOrphans());
-        QVERIFY(!widget.nodeCalled("lonely")->isVisible());
-        widget.actions()[0]->trigger();
-        QVERIFY(!widget.isHidingOrphans());
-        QVERIFY(widget.nodeCalled("lonely")->isVisible());
-    }
-
-    // Every move of a node takes change stamps: a call may take those of one layout and of one orphan's visibility.
-    void hidingLaysOutOnce() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewProgram(sample.unit());
-        quint64 before = ChangeStamp::latest();
-        widget.layOut();
-        const quint64 oneLayout = ChangeStamp::latest() - before;
-        before = ChangeStamp::latest();
-        widget.setHideOrphans(true);
-        QCOMPARE(ChangeStamp::latest() - before, oneLayout + 1);
-        before = ChangeStamp::latest();
-        widget.setHideOrphans(true);
-        QCOMPARE(ChangeStamp::latest(), before);
-        widget.actions()[0]->trigger();
-        QCOMPARE(ChangeStamp::latest() - before, oneLayout + 1);
-    }
-
-    void hidingRecomputesNeitherSizeNorHitMap() {
-        Sample sample;
-        TestedWidget widget;
-        widget.onNewProgram(sample.unit());
-        widget.setGraphSize(1234, 567);
-        const QList<QRectF> bounds = widget.edgeBounds();
-        for (NodeBase* node : widget.getNodes())
-            node->move(1000, 1000);
-        widget.setHideOrphans(true);
-        QCOMPARE(widget.getGraphSize(), QSize(1234, 567));
-        QCOMPARE(widget.edgeBounds(), bounds);
-    }
-
-    void flagOutlivesThePicture() {
-        Sample sample;
-        TestedWidget widget;
-        widget.setHideOrphans(true);
-        widget.onNewProgram(sample.unit());
-        QVERIFY(!widget.nodeCalled("lonely")->isVisible());
-        widget.clearGraph();
-        QVERIFY(widget.isHidingOrphans());
-        QVERIFY(widget.actions()[0]->isChecked());
     }
 
     void clearGraphEmptiesTheView() {
@@ -540,25 +275,6 @@ private Q_SLOTS:
         QTRY_COMPARE(QToolTip::text(), QString("g(1)\ng(2)"));
         QTest::mouseMove(widget.viewport(), widget.getNodes()[0]->getCenter());
         QTRY_COMPARE(widget.hoveredNode(), widget.getNodes()[0]);
-    }
-
-    void hiddenOrphanIsNotPainted() {
-        SampleProgram program;
-        SampleProgram::addProcedure(program.addFile("a.c"), "f");
-        TestedWidget widget;
-        widget.onNewProgram(program.unit());
-        const QColor white(Qt::white);
-        const auto inkedPixels = [&] {
-            const QImage picture = widget.renderImage();
-            int count = 0;
-            for (int y = 0; y < picture.height(); ++y)
-                for (int x = 0; x < picture.width(); ++x)
-                    count += picture.pixelColor(x, y) != white ? 1 : 0;
-            return count;
-        };
-        QVERIFY(inkedPixels() > 0);
-        widget.setHideOrphans(true);
-        QCOMPARE(inkedPixels(), 0);
     }
 };
 
