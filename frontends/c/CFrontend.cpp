@@ -40,7 +40,7 @@ CFrontend::Result CFrontend::read(const std::string& path, Tessel::ProgramUnit& 
     for (Diagnostic& diagnostic : session->takeDiagnostics())
         program.appendDiagnostic(std::move(diagnostic));
     std::unique_ptr<Tessel::TranslationUnit> unit = session->takeUnit();
-    if (!unit || (session->hadErrors() && unit->getChildCount() == 0))
+    if (!unit || (session->hadErrors() && !session->foundAny()))
         return Result::Unreadable;
     program.append(std::move(unit));
     return session->hadErrors() ? Result::Partial : Result::Complete;

@@ -24,26 +24,31 @@ namespace {
 
 using Tessel::Diagnostic;
 
+struct BuildResult {
+    bool foundAny = false;
+    std::exception_ptr failure;
+};
+
 /// Builds the tree when Clang has parsed the whole file. An exception must not pass through Clang's frames: it is kept.
 class BuildingConsumer final : public clang::ASTConsumer {
 public:
-    BuildingConsumer(Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit, std::exception_ptr& failure)
+    BuildingConsumer(Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit, BuildResult& result)
         : m_program(program),
           m_unit(unit),
-          m_failure(failure) {}
+          m_result(result) {}
 
     void HandleTranslationUnit(clang::ASTContext& context) override {
         try {
-            buildUnit(context, m_program, m_unit);
+            m_result.foundAny = buildUnit(context, m_program, m_unit);
         } catch (...) {
-            m_failure = std::current_exception();
+            m_result.failure = std::current_exception();
         }
     }
 
 private:
     Tessel::ProgramUnit& m_program;
     Tessel::TranslationUnit& m_unit;
-    std::exception_ptr& m_failure;
+    BuildResult& m_result;
 };
 
 class ReadAction final : public clang::ASTFrontendAction {
@@ -51,9 +56,11 @@ public:
     /// @param unit null to parse only.
     ReadAction(Tessel::ProgramUnit& program, Tessel::TranslationUnit* unit) : m_program(program), m_unit(unit) {}
 
-    void rethrowFailure() const {
-        if (m_failure)
-            std::rethrow_exception(m_failure);
+    /// @return whether there is anything to look at.
+    [[nodiscard]] bool finish() const {
+        if (m_result.failure)
+            std::rethrow_exception(m_result.failure);
+        return m_result.foundAny;
     }
 
 protected:
@@ -62,7 +69,7 @@ protected:
         if (m_unit == nullptr)
             return std::make_unique<clang::ASTConsumer>();
         compiler.getPreprocessor().addPPCallbacks(recordSystemIncludes(compiler.getSourceManager(), *m_unit));
-        return std::make_unique<BuildingConsumer>(m_program, *m_unit, m_failure);
+        return std::make_unique<BuildingConsumer>(m_program, *m_unit, m_result);
     }
 
     /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
@@ -77,7 +84,7 @@ protected:
 private:
     Tessel::ProgramUnit& m_program;
     Tessel::TranslationUnit* m_unit;
-    std::exception_ptr m_failure;
+    BuildResult m_result;
 };
 
 std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std::string>& line,
@@ -97,7 +104,6 @@ void execute(clang::CompilerInstance& compiler, ReadAction& action) {
     // The only error that this reports is of actions that we do not use.
     llvm::consumeError(action.Execute());
     action.EndSourceFile();
-    action.rethrowFailure();
 }
 
 } // namespace
@@ -138,6 +144,7 @@ void ClangSession::run() {
         m_unit = std::make_unique<Tessel::TranslationUnit>(m_path, Tessel::LANG_C);
         ReadAction action(m_program, m_buildsTree ? m_unit.get() : nullptr);
         execute(compiler, action);
+        m_foundAny = action.finish();
     }
     m_hadErrors |= collector.getNumErrors() != 0;
     for (Diagnostic& diagnostic : collector.take())

@@ -20,6 +20,8 @@ public:
     void run();
 
     [[nodiscard]] bool hadErrors() const { return m_hadErrors; }
+    /// Whether the unit holds more than what is left of errors.
+    [[nodiscard]] bool foundAny() const { return m_foundAny; }
     [[nodiscard]] std::vector<Tessel::Diagnostic> takeDiagnostics() { return std::move(m_diagnostics); }
     /// Null when Clang could not start.
     [[nodiscard]] std::unique_ptr<Tessel::TranslationUnit> takeUnit() { return std::move(m_unit); }
@@ -35,6 +37,7 @@ private:
     std::unique_ptr<Tessel::TranslationUnit> m_unit;
     bool m_buildsTree = true;
     bool m_hadErrors = false;
+    bool m_foundAny = false;
 };
 
 } // namespace Kova::Frontends

@@ -20,12 +20,17 @@ using namespace Tessel;
 
 namespace {
 
-/// The attributes that the source gives this declaration, without those that Clang adds or passes on.
+bool isNoReturn(const clang::Attr& attribute) {
+    return llvm::isa<clang::NoReturnAttr, clang::C11NoReturnAttr, clang::CXX11NoReturnAttr>(attribute);
+}
+
+/// The attributes that the source gives this declaration, without those that Clang adds or passes on. That a function
+/// does not return is said by its node, whichever way the source says it.
 std::string attributesOf(const clang::Decl& declaration, const clang::PrintingPolicy& policy) {
     std::string text;
     llvm::raw_string_ostream stream(text);
     for (const clang::Attr* attribute : declaration.attrs())
-        if (!attribute->isImplicit() && !attribute->isInherited())
+        if (!attribute->isImplicit() && !attribute->isInherited() && !isNoReturn(*attribute))
             attribute->printPretty(stream, policy);
     stream.flush();
     return llvm::StringRef(text).trim().str();
@@ -69,6 +74,7 @@ public:
     void complete(const clang::EnumDecl& from, EnumDeclaration& enumeration);
 
 private:
+    [[nodiscard]] const Type* typeOf(const clang::FunctionDecl& from);
     [[nodiscard]] std::unique_ptr<FieldDeclaration> makeField(const clang::FieldDecl& from);
     void describe(const clang::Decl& from, DeclarationBase& made) {
         made.setSourceRange(m_context.text.rangeOf(from.getSourceRange()));
@@ -78,6 +84,14 @@ private:
 
     UnitContext& m_context;
 };
+
+const Type* Completion::typeOf(const clang::FunctionDecl& from) {
+    // Clang makes a prototype of an old-style definition, but a caller knows nothing of its parameters.
+    if (!from.hasPrototype())
+        return m_context.program.getTypes().function(m_context.types.build(from.getReturnType()), {},
+                                                     FunctionType::Parameters::Unspecified);
+    return m_context.types.build(from.getType());
+}
 
 void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration& subroutine) {
     describe(from, subroutine);
@@ -92,7 +106,7 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
         if (DeclarationPtr made = buildDeclaration(m_context, *parameter))
             subroutine.appendParameter(
                 std::unique_ptr<VariableDeclaration>(static_cast<VariableDeclaration*>(made.release())));
-    subroutine.setType(m_context.types.build(from.getType()));
+    subroutine.setType(typeOf(from));
     if (from.doesThisDeclarationHaveABody() && !subroutine.isExternal())
         subroutine.setBody(buildBody(m_context, *from.getBody()));
 }

@@ -26,7 +26,7 @@ bool isDefinition(llvm::StringRef definition) {
         return false;
     llvm::StringRef rest = definition.drop_front(name.size());
     if (rest.starts_with("("))
-        rest = rest.drop_front(std::min(rest.find(')'), rest.size() - 1) + 1);
+        rest = rest.contains(')') ? rest.split(')').second : rest;
     return rest.empty() || rest.starts_with("=");
 }
 
@@ -73,7 +73,8 @@ std::string checkCOptions(const COptions& options) {
 std::string findResourceDirectory() {
     if (const char* chosen = std::getenv("KOVA_CLANG_RESOURCE_DIR"))
         return holdsHeaders(chosen) ? chosen : std::string();
-    for (const std::string& candidate : {std::string(KOVA_CLANG_RESOURCE_DIR), besideClangLibrary()})
+    for (const std::string& candidate : {std::string(KOVA_CLANG_RESOURCE_DIR), besideClangLibrary(),
+                                         std::string("/usr/lib/clang/" CLANG_VERSION_MAJOR_STRING)})
         if (holdsHeaders(candidate))
             return candidate;
     return {};
@@ -86,7 +87,9 @@ std::vector<std::string> makeCommandLine(const COptions& options, const std::str
                                      "-ferror-limit=0", "-fbracket-depth=30000",
                                      // A header may be looked at on its own.
                                      "-Wno-pragma-once-outside-header"};
-    if (!resourceDirectory.empty())
+    if (resourceDirectory.empty())
+        line.push_back("-nobuiltininc");
+    else
         line.insert(line.end(), {"-resource-dir", resourceDirectory});
     if (!options.standard.empty())
         line.push_back("-std=" + options.standard);

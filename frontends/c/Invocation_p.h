@@ -12,8 +12,8 @@ struct COptions;
 [[nodiscard]] std::string checkCOptions(const COptions& options);
 
 /// Where Clang's own headers (stddef.h and the like) are: the folder named by the environment variable
-/// KOVA_CLANG_RESOURCE_DIR, else the one found when this library was built, else the one beside Clang's library.
-/// Empty when there is none.
+/// KOVA_CLANG_RESOURCE_DIR, else the one found when this library was built, beside Clang's library, or in
+/// /usr/lib/clang. Empty when there is none.
 [[nodiscard]] std::string findResourceDirectory();
 
 /// The command line on which Clang would read a file with these options.

@@ -24,20 +24,29 @@ void appendAll(UnitContext& context, std::vector<DeclarationPtr> declarations) {
     }
 }
 
+/// After an error Clang makes a variable of many a word.
+bool isWorthLooking(const clang::Decl& declaration) {
+    const auto* function = llvm::dyn_cast<clang::FunctionDecl>(&declaration);
+    return !declaration.isInvalidDecl() || (function != nullptr && function->doesThisDeclarationHaveABody());
+}
+
 } // namespace
 
-void buildUnit(clang::ASTContext& context, ProgramUnit& program, TranslationUnit& unit) {
+bool buildUnit(clang::ASTContext& context, ProgramUnit& program, TranslationUnit& unit) {
     UnitContext unitContext(context, program, unit);
     unit.setSourceRange({program.obtainSourceFile(unit.getPath()), 0, 0, 0, 0});
+    bool foundAny = false;
     for (const clang::Decl* declaration : context.getTranslationUnitDecl()->decls()) {
         if (unitContext.declarations.isExternal(*declaration))
             continue;
+        foundAny |= isWorthLooking(*declaration);
         DeclarationPtr built = buildDeclaration(unitContext, *declaration);
         appendAll(unitContext, unitContext.declarations.takeStrays());
         if (built)
             unit.append(std::move(built));
     }
     appendAll(unitContext, unitContext.declarations.takeRest());
+    return foundAny;
 }
 
 } // namespace Kova::Frontends

@@ -14,7 +14,8 @@ namespace Kova::Frontends {
 
 /// Fills a unit with what Clang has parsed: the user's declarations in program order as its children, what they use of
 /// system headers beside them.
+/// @return false when there is nothing to look at: no declaration without an error and no function with a body.
 /// @param program owns the types and source files; the unit need not be part of it yet.
-void buildUnit(clang::ASTContext& context, Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit);
+bool buildUnit(clang::ASTContext& context, Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit);
 
 } // namespace Kova::Frontends

@@ -7,7 +7,8 @@ namespace Kova::Test {
 
 namespace {
 
-const char* const names = "int a, b, c, *p, v[9]; double d; struct s { int x; struct s* next; } s, *q; int g(int, ...);";
+const char* const names =
+    "int a, b, c, *p, v[9]; double d; struct s { int x; struct s* next; } s, *q; int g(int, ...);";
 
 /// One expression statement after declarations of the names above.
 std::string expression(const std::string& text) {
@@ -62,9 +63,9 @@ TEST(ExpressionBuilderTest, membersOfUnnamedMembersAreMembersOfTheWhole) {
 TEST(ExpressionBuilderTest, calls) {
     EXPECT_EQ(expression("g(a, g(b), \"t\")"), "(call @g a (call @g b) \"t\")");
     EXPECT_EQ(bodyOf("h = g; h(1); (*h)(2); (&g)(3);", "int g(int); int (*h)(int);"), "(= h @g)\n"
-                                                                                  "(call h 1)\n"
-                                                                                  "(call (* h) 2)\n"
-                                                                                  "(call (& @g) 3)\n");
+                                                                                      "(call h 1)\n"
+                                                                                      "(call (* h) 2)\n"
+                                                                                      "(call (& @g) 3)\n");
 }
 
 TEST(ExpressionBuilderTest, choices) {
@@ -138,10 +139,10 @@ TEST(ExpressionBuilderTest, genericSelections) {
 
 TEST(ExpressionBuilderTest, statementsInExpressions) {
     EXPECT_EQ(expression("a = ({ int t = b; t + 1; })"), "(= a ({\n"
-                                                        "  declare\n"
-                                                        "    variable t int = b\n"
-                                                        "  (+ t 1)\n"
-                                                        "}))");
+                                                         "  declare\n"
+                                                         "    variable t int = b\n"
+                                                         "  (+ t 1)\n"
+                                                         "}))");
 }
 
 TEST(ExpressionBuilderTest, variadicArguments) {

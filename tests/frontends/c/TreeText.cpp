@@ -53,12 +53,12 @@ using namespace Tessel;
 namespace {
 
 // In the order of the enumerations.
-const char* const unaryNames[] = {"+_",  "-_",  "!",   "~",        "*",        "&",            "++_",
-                                  "--_", "_++", "_--", "__real__", "__imag__", "__extension__"};
-const char* const binaryNames[] = {"*",  "/",  "%",  "+", "-", "<<", ">>", "<",  ">", "<=",
-                                   ">=", "==", "!=", "&", "^", "|",  "&&", "||", ",", "**"};
-const char* const storageNames[] = {"", "static ", "extern ", "register ", "auto ", "thread ", "static thread ",
-                                    "extern thread "};
+const char* const unaryNames[] = {
+    "+_", "-_", "!", "~", "*", "&", "++_", "--_", "_++", "_--", "__real__", "__imag__", "__extension__"};
+const char* const binaryNames[] = {
+    "*", "/", "%", "+", "-", "<<", ">>", "<", ">", "<=", ">=", "==", "!=", "&", "^", "|", "&&", "||", ",", "**"};
+const char* const storageNames[] = {"",      "static ", "extern ",        "register ",
+                                    "auto ", "thread ", "static thread ", "extern thread "};
 
 template <class Enumeration>
 std::size_t number(Enumeration value) {

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "tests/frontends/c/Reading.h"
+
+#include <gtest/gtest.h>
+
+namespace Kova::Test {
+
+namespace {
+
+std::string treeOf(const std::string& text) {
+    const Reading reading(text);
+    return reading.result == Frontends::CFrontend::Result::Complete ? reading.tree() : reading.messages();
+}
+
+} // namespace
+
+TEST(DeclarationBuilderTest, variables) {
+    EXPECT_EQ(
+        treeOf(
+            "int i, *j = &i; static double d = 1.0; extern char c; _Thread_local int t; static _Thread_local int u;"),
+        "variable i int\n"
+        "variable j ptr(int) = (& i)\n"
+        "static variable d double = 1.0\n"
+        "extern variable c char\n"
+        "thread variable t int\n"
+        "static thread variable u int\n");
+    EXPECT_EQ(treeOf("void f(register int a) { static int s = 1; auto int b; extern int e; register int r; }"),
+              "function f fn(int)->void\n"
+              "  register parameter a int\n"
+              "block\n"
+              "  declare\n"
+              "    static variable s int = 1\n"
+              "  declare\n"
+              "    auto variable b int\n"
+              "  declare\n"
+              "    extern variable e int\n"
+              "  declare\n"
+              "    register variable r int\n");
+}
+
+TEST(DeclarationBuilderTest, functions) {
+    EXPECT_EQ(treeOf("static inline int f(int a, char* b) { return a; } extern void g(void); int h(int, ...);"),
+              "static inline function f fn(int,ptr(char))->int\n"
+              "  parameter a int\n"
+              "  parameter b ptr(char)\n"
+              "block\n"
+              "  return a\n"
+              "extern function g fn()->void\n"
+              "function h fn(int,...)->int\n"
+              "  parameter  int\n");
+    EXPECT_EQ(treeOf("_Noreturn void f(void); void g(void) __attribute__((noreturn));"),
+              "noreturn function f fn()->void\n"
+              "noreturn function g fn()->void\n");
+}
+
+TEST(DeclarationBuilderTest, aFunctionStaysStatic) {
+    EXPECT_EQ(treeOf("static int f(void); int f(void) { return 1; }"), "static function f fn()->int\n"
+                                                                       "static function f fn()->int\n"
+                                                                       "block\n"
+                                                                       "  return 1\n");
+}
+
+TEST(DeclarationBuilderTest, oldStyleDefinitions) {
+    EXPECT_EQ(Reading("int f(a, b) char* b; { return a; }", {{}, {}, "gnu89"}).tree(), "function f fn(?)->int\n"
+                                                                                       "  parameter a int\n"
+                                                                                       "  parameter b ptr(char)\n"
+                                                                                       "block\n"
+                                                                                       "  return a\n");
+}
+
+TEST(DeclarationBuilderTest, structuresAndUnions) {
+    EXPECT_EQ(
+        treeOf("struct s { int a, b : 3; unsigned : 2; union { float f; struct t { char c; } t; }; struct s* next; };"),
+        "struct s\n"
+        "  field a int\n"
+        "  field b int : 3\n"
+        "  field  unsigned int : 2\n"
+        "  union \n"
+        "    field f float\n"
+        "    struct t\n"
+        "      field c char\n"
+        "    field t struct t\n"
+        "  field  union <unnamed>\n"
+        "  field next ptr(struct s)\n");
+    EXPECT_EQ(treeOf("struct s; struct s { int a; }; struct s x;"), "struct s (mention)\n"
+                                                                    "struct s\n"
+                                                                    "  field a int\n"
+                                                                    "variable x struct s\n");
+    EXPECT_EQ(treeOf("typedef struct { int a[]; } flexible; typedef union u word;"),
+              "struct \n"
+              "  field a array[](int)\n"
+              "typedef flexible struct <unnamed>\n"
+              "union u (mention)\n"
+              "typedef word union u\n");
+}
+
+TEST(DeclarationBuilderTest, enumerations) {
+    EXPECT_EQ(treeOf("enum e { a, b = 4 + 1, c, d = -1 }; enum { only = c };"), "enum e\n"
+                                                                                "  enumerator a 0\n"
+                                                                                "  enumerator b 5 = (+ 4 1)\n"
+                                                                                "  enumerator c 6\n"
+                                                                                "  enumerator d -1 = (-_ 1)\n"
+                                                                                "enum \n"
+                                                                                "  enumerator only 6 = #c\n");
+}
+
+TEST(DeclarationBuilderTest, attributesAreThoseThatTheSourceWrites) {
+    EXPECT_EQ(treeOf("struct __attribute__((packed)) s { int a __attribute__((aligned(8))); };\n"
+                     "int x __attribute__((unused)) = 1;\n"
+                     "int printf(const char*, ...);"),
+              "struct s __attribute__((packed))\n"
+              "  field a int __attribute__((aligned(8)))\n"
+              "variable x int = 1 __attribute__((unused))\n"
+              "function printf fn(ptr(const char),...)->int\n"
+              "  parameter  ptr(const char)\n");
+}
+
+TEST(DeclarationBuilderTest, rareDeclarationsKeepTheirText) {
+    EXPECT_EQ(treeOf("_Static_assert(sizeof(int) == 4, \"int\");\nasm(\"nop\");\n;"),
+              "opaque `_Static_assert(sizeof(int) == 4, \"int\");`\n"
+              "opaque `asm(\"nop\");`\n");
+}
+
+TEST(DeclarationBuilderTest, declarationsInsideFunctions) {
+    EXPECT_EQ(
+        treeOf("void f(void) { struct p { int a; } q; enum { one = 1 }; typedef int num; int g(num); q.a = g(one); }"),
+        "function f fn()->void\n"
+        "block\n"
+        "  declare\n"
+        "    struct p\n"
+        "      field a int\n"
+        "    variable q struct p\n"
+        "  declare\n"
+        "    enum \n"
+        "      enumerator one 1 = 1\n"
+        "  declare\n"
+        "    typedef num int\n"
+        "  declare\n"
+        "    function g fn(num)->int\n"
+        "      parameter  num\n"
+        "  (= (. q a) (call @g #one))\n");
+}
+
+} // namespace Kova::Test

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "frontends/c/IncludeRecorder_p.h"
+#include "tests/frontends/c/Reading.h"
+
+#include <gtest/gtest.h>
+
+namespace Kova::Frontends {
+
+using namespace Test;
+
+TEST(IncludeRecorderTest, systemHeadersOfTheUsersFilesInOrderEachOnce) {
+    const SourceFolder folder;
+    folder.write("own.h", "#include <string.h>\n#include <stdio.h>\n");
+    const std::string path = folder.write("a.c", "#include <stdio.h>\n"
+                                                 "#include \"own.h\"\n"
+                                                 "#define HEADER <math.h>\n"
+                                                 "#include HEADER\n"
+                                                 "#include \"errno.h\"\n"
+                                                 "#if 0\n#include <wchar.h>\n#endif\n"
+                                                 "#include <string.h>\n"
+                                                 "int a;\n");
+    Tessel::ProgramUnit program;
+    ASSERT_EQ(CFrontend({}).read(path, program), CFrontend::Result::Complete);
+    EXPECT_EQ(program.getTranslationUnit(0)->getSystemIncludes(),
+              (std::vector<std::string>{"<stdio.h>", "<string.h>", "<math.h>", "\"errno.h\""}));
+}
+
+TEST(IncludeRecorderTest, headersOfIncludeDirectoriesAreTheUsers) {
+    const SourceFolder folder;
+    folder.write("inc/lib.h", "int lib;\n");
+    Tessel::ProgramUnit program;
+    const std::string path = folder.write("a.c", "#include <lib.h>\n#include <stddef.h>\n");
+    ASSERT_EQ(CFrontend({{folder.pathOf("inc")}, {}, ""}).read(path, program), CFrontend::Result::Complete);
+    EXPECT_EQ(program.getTranslationUnit(0)->getSystemIncludes(), (std::vector<std::string>{"<stddef.h>"}));
+}
+
+} // namespace Kova::Frontends
