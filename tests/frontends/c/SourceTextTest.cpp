@@ -88,7 +88,7 @@ TEST(SourceTextTest, columnsCountBytes) {
     const Reading reading("int caf\xc3\xa9; int f(void) { return caf\xc3\xa9; }\n");
     EXPECT_EQ(reading.result, CFrontend::Result::Complete);
     EXPECT_EQ(rangeOf(reading, "variable caf\xc3\xa9"), "1:1-1:5");
-    EXPECT_EQ(rangeOf(reading, "function f"), "1:12-1:41");
+    EXPECT_EQ(rangeOf(reading, "function f"), "1:12-1:40");
 }
 
 TEST(SourceTextTest, linesEndInAnyWay) {
