@@ -13,7 +13,6 @@ class CallGraph;
 namespace Kova::Tessel {
 class ProgramUnit;
 class StatementBase;
-class SubroutineCallExpression;
 class SubroutineDeclaration;
 } // namespace Kova::Tessel
 

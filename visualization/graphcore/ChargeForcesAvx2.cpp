@@ -19,7 +19,7 @@ struct Avx2Lanes {
     static Vector min(Vector a, Vector b) { return _mm256_min_pd(a, b); }
 
     /// First 2 x 2 blocks within halves, then the halves.
-    static void transpose(Vector (&rows)[Width]) {
+    static void transpose(Vector (&rows)[Width]) { // NOLINT(modernize-avoid-c-arrays): see ChargeTiles_p.h
         const Vector even01 = _mm256_unpacklo_pd(rows[0], rows[1]);
         const Vector odd01 = _mm256_unpackhi_pd(rows[0], rows[1]);
         const Vector even23 = _mm256_unpacklo_pd(rows[2], rows[3]);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/ChargeTiles_p.h"
 
+#ifndef __clang__
 // GCC 12's header makes its "undefined" vectors from themselves, which its own warning then finds.
 #pragma GCC diagnostic ignored "-Wuninitialized"
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
 #include <immintrin.h>
 
 namespace Kova::ParticleSystem {
@@ -50,8 +52,8 @@ struct Avx512Lanes {
     }
 
     /// Three rounds that exchange single elements, quarters and halves of the vectors.
-    static void transpose(Vector (&rows)[Width]) {
-        Vector pairs[Width];
+    static void transpose(Vector (&rows)[Width]) { // NOLINT(modernize-avoid-c-arrays): see ChargeTiles_p.h
+        Vector pairs[Width];                       // NOLINT(modernize-avoid-c-arrays)
         for (std::size_t i = 0; i < Width; i += 2) {
             pairs[i] = _mm512_unpacklo_pd(rows[i], rows[i + 1]);
             pairs[i + 1] = _mm512_unpackhi_pd(rows[i], rows[i + 1]);

@@ -18,7 +18,7 @@ struct Sse2Lanes {
     static Vector max(Vector a, Vector b) { return _mm_max_pd(a, b); }
     static Vector min(Vector a, Vector b) { return _mm_min_pd(a, b); }
 
-    static void transpose(Vector (&rows)[Width]) {
+    static void transpose(Vector (&rows)[Width]) { // NOLINT(modernize-avoid-c-arrays): see ChargeTiles_p.h
         const Vector low = _mm_unpacklo_pd(rows[0], rows[1]);
         rows[1] = _mm_unpackhi_pd(rows[0], rows[1]);
         rows[0] = low;

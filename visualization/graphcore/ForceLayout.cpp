@@ -55,6 +55,7 @@ void ForceLayout::initialize(const std::vector<NodeBase*>& nodes) {
         m_initial->layOut(nodes);
     buildNumeration(nodes);
     std::vector<ParticleSystem::Node> particles;
+    particles.reserve(static_cast<std::size_t>(m_connectedCount));
     for (int i = 0; i < m_connectedCount; ++i)
         particles.push_back(makeParticle(*m_nodesByNumber[static_cast<std::size_t>(i)]));
     // Fresh particles: those of an earlier run would bring their velocities along.
