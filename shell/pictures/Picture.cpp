@@ -6,6 +6,9 @@
 
 #include <QBuffer>
 #include <QImageWriter>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgGenerator>
 
 namespace Kova::Shell {
 
@@ -14,11 +17,33 @@ namespace {
 /// The rasterizer draws nothing beyond this coordinate.
 constexpr int mostPixelsPerSide = 32767;
 
+/// Qt gives a size in millimetres, which programs turn into different numbers of pixels: a unit shall be a pixel.
+QByteArray withSizeInPixels(const QByteArray& svg, const QSize& size) {
+    static const QRegularExpression millimetres("<svg width=\"[^\"]*mm\" height=\"[^\"]*mm\"");
+    const QRegularExpressionMatch match = millimetres.match(QString::fromUtf8(svg.left(1000)));
+    const QByteArray found = match.captured().toUtf8();
+    const int place = found.isEmpty() ? -1 : svg.indexOf(found);
+    if (place < 0)
+        return svg;
+    const QString pixels = QString("<svg width=\"%1\" height=\"%2\"").arg(size.width()).arg(size.height());
+    return svg.left(place) + pixels.toUtf8() + svg.mid(place + found.size());
+}
+
+/// The resolution of the screen's fonts makes labels as large as in an image.
 EncodedPicture encodeSvg(GUI::GraphWidgetBase& widget) {
     QBuffer buffer;
-    if (!buffer.open(QIODevice::WriteOnly) || !widget.renderSvg(buffer))
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setResolution(widget.logicalDpiY());
+    generator.setSize(widget.getGraphSize());
+    generator.setViewBox(QRect(QPoint(0, 0), widget.getGraphSize()));
+    generator.setTitle(GUI::GraphWidgetBase::tr("Graph Visualization"));
+    QPainter painter;
+    if (!painter.begin(&generator))
         return {{}, "the picture cannot be drawn as SVG"};
-    return {buffer.data(), {}};
+    widget.drawGraph(painter);
+    painter.end();
+    return {withSizeInPixels(buffer.data(), widget.getGraphSize()), {}};
 }
 
 EncodedPicture encodeImage(GUI::GraphWidgetBase& widget, const char* format) {

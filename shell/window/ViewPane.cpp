@@ -116,6 +116,11 @@ void ViewPane::fitToViewport() {
         return;
     widget->setScale(1.0);
     widget->fitGraphToViewport();
+    const QSize size = widget->getGraphSize();
+    const bool fits = size.width() <= widget->viewport()->width() && size.height() <= widget->viewport()->height();
+    // A picture that would need a smaller scale than there is was left at 1.
+    if (!fits && widget->getScale() >= 1.0)
+        widget->setScale(smallestScale);
 }
 
 } // namespace Kova::Shell

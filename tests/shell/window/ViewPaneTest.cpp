@@ -20,6 +20,7 @@ private Q_SLOTS:
     void welcomesWithoutAProgram();
     void showsASubject();
     void fitsToThePane();
+    void aHugePictureGetsTheSmallestScale();
     void zoomStepsKeepTheMiddle();
     void zoomHasItsLimit();
     void positionsAreRestored();
@@ -37,7 +38,7 @@ private:
 /// A chain of calls long enough for a picture that does not fit.
 void ViewPaneTest::init() {
     QByteArray text = "void f0(void) {}\n";
-    for (int i = 1; i < 30; ++i)
+    for (int i = 1; i < 10; ++i)
         text += "void f" + QByteArray::number(i) + "(void) { f" + QByteArray::number(i - 1) + "(); }\n";
     m_program = Testing::readProgram({m_folder.write("a.c", text)});
     m_pane = std::make_unique<ViewPane>();
@@ -78,6 +79,13 @@ void ViewPaneTest::fitsToThePane() {
     m_pane->fitToViewport();
     m_pane->fitToViewport();
     QVERIFY(std::abs(widget.getScale() - fitting) < 0.02);
+}
+
+void ViewPaneTest::aHugePictureGetsTheSmallestScale() {
+    showProgram();
+    m_pane->getWidget()->setGraphSize(100000, 100);
+    m_pane->fitToViewport();
+    QCOMPARE(m_pane->getWidget()->getScale(), 0.1);
 }
 
 void ViewPaneTest::zoomStepsKeepTheMiddle() {
