@@ -9,7 +9,7 @@ namespace {
 
 constexpr double smallestCell = 64.0;
 constexpr double cellsPerItem = 4.0;
-constexpr double entriesPerItem = 16.0;
+constexpr double entriesPerItem = 4.0;
 
 } // namespace
 

@@ -95,14 +95,20 @@ bool CellGrid::visitCorridor(const QPoint& a, const QPoint& b, int margin, int r
     const double right = std::max(a.x(), b.x()) + static_cast<double>(margin);
     const double top = std::min(a.y(), b.y()) - static_cast<double>(margin);
     const double bottom = std::max(a.y(), b.y()) + static_cast<double>(margin);
+    const int firstRow = rowOf(top);
+    const int lastRow = rowOf(bottom);
+    const int firstColumn = columnOf(left);
+    const int lastColumn = columnOf(right);
+    if (firstRow == lastRow || firstColumn == lastColumn)
+        return visitRows(firstRow, lastRow, firstColumn, lastColumn, visit);
     const double dx = static_cast<double>(b.x()) - a.x();
     const double dy = static_cast<double>(b.y()) - a.y();
     const bool flat = std::abs(dx) >= std::abs(dy);
     // Measured along the shorter axis a line's neighbourhood is at most √2 times as thick as across the line.
     const double slack = 1.5 * reach + 1.0;
     const double slope = dx == 0.0 && dy == 0.0 ? 0.0 : flat ? dy / dx : dx / dy;
-    const int first = flat ? columnOf(left) : rowOf(top);
-    const int last = flat ? columnOf(right) : rowOf(bottom);
+    const int first = flat ? firstColumn : firstRow;
+    const int last = flat ? lastColumn : lastRow;
     const int steps = flat ? m_columns : m_rows;
     const double start = flat ? m_origin.x() : m_origin.y();
     for (int step = first; step <= last; ++step) {

@@ -51,8 +51,9 @@ void EdgeHitMap::buildIndex() {
     m_cells.build(m_grid.cellCount(), [this](auto enter) {
         for (const std::vector<Piece>& pieces : m_pieces) {
             for (const Piece& piece : pieces) {
-                m_grid.visitCorridor(piece.from, piece.to, 1, 1, [&](int cell) {
-                    enter(cell, piece);
+                // Points on a piece are within the rectangle of its ends.
+                m_grid.visitCorridor(piece.from, piece.to, 0, 1, [&](int cell) {
+                    enter(cell, &piece);
                     return false;
                 });
             }
@@ -64,11 +65,11 @@ int EdgeHitMap::findLast(const QPoint& point, std::size_t limit) const {
     if (m_grid.isEmpty())
         return -1;
     const auto pieces = m_cells.at(m_grid.cellAt(point));
-    for (const Piece* piece = pieces.end(); piece != pieces.begin();) {
-        --piece;
-        if (static_cast<std::size_t>(piece->edge) < limit && isOnSegment(piece->from, piece->to, point) &&
-            m_bounds.at(piece->edge).contains(point))
-            return piece->edge;
+    for (auto next = pieces.end(); next != pieces.begin();) {
+        const Piece& piece = **--next;
+        if (static_cast<std::size_t>(piece.edge) < limit && isOnSegment(piece.from, piece.to, point) &&
+            m_bounds.at(piece.edge).contains(point))
+            return piece.edge;
     }
     return -1;
 }

@@ -46,7 +46,7 @@ private:
     QList<QList<QPolygonF>> m_polygons;
     std::vector<std::vector<Piece>> m_pieces;
     CellGrid m_grid;
-    CellItems<Piece> m_cells;
+    CellItems<const Piece*> m_cells;
 };
 
 } // namespace Kova::GUI
