@@ -2,9 +2,16 @@
 #include "frontends/c/CrashGuard_p.h"
 
 #include <llvm/Support/CrashRecoveryContext.h>
+#include <llvm/Support/thread.h>
 
 #include <csignal>
+#include <optional>
 #include <vector>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <pthread.h>
+#include <sanitizer/asan_interface.h>
+#endif
 
 namespace Kova::Frontends {
 
@@ -49,24 +56,41 @@ public:
     CrashHandlers& operator=(const CrashHandlers&) = delete;
 };
 
+/// AddressSanitizer does not clear the marks of frames that a jump leaves on a stack of this size.
+void forgetLeftFrames() {
+#ifdef __SANITIZE_ADDRESS__
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0)
+        return;
+    void* lowest = nullptr;
+    std::size_t size = 0;
+    if (pthread_attr_getstack(&attributes, &lowest, &size) == 0)
+        __asan_unpoison_memory_region(lowest, size);
+    pthread_attr_destroy(&attributes);
+#endif
+}
+
 } // namespace
 
 bool runGuarded(const std::function<void()>& work) {
     const CrashHandlers handlers;
-    llvm::CrashRecoveryContext context;
     bool finished = false;
-    const bool survived = context.RunSafelyOnThread(
-        [&work, &finished] {
-            const SignalStack stack;
+    // What has to be undone lives outside the guarded call, whose frames a crash leaves behind.
+    llvm::thread thread(std::optional<unsigned>(stackSize), [&work, &finished] {
+        const SignalStack stack;
+        llvm::CrashRecoveryContext context;
+        context.RunSafely([&work, &finished] {
             try {
                 work();
                 finished = true;
             } catch (...) {
                 // LLVM's frames below this one cannot be unwound; the caller only asks whether the end was reached.
             }
-        },
-        stackSize);
-    return survived && finished;
+        });
+        forgetLeftFrames();
+    });
+    thread.join();
+    return finished;
 }
 
 } // namespace Kova::Frontends
