@@ -12,7 +12,7 @@ using Kind = Tessel::LiteralExpression::Kind;
 
 namespace {
 
-std::string adjacentStrings(const SourceText& text, const clang::StringLiteral& literal) {
+std::string adjacentStrings(const SourcePlaces& text, const clang::StringLiteral& literal) {
     std::string result;
     for (unsigned i = 0; i < literal.getNumConcatenated(); ++i) {
         if (i != 0)
@@ -22,7 +22,7 @@ std::string adjacentStrings(const SourceText& text, const clang::StringLiteral& 
     return result;
 }
 
-std::unique_ptr<LiteralExpression> makeCounted(const SourceText& text, Kind kind, const clang::Expr& literal,
+std::unique_ptr<LiteralExpression> makeCounted(const SourcePlaces& text, Kind kind, const clang::Expr& literal,
                                                std::int64_t value) {
     auto result = std::make_unique<LiteralExpression>(kind, text.spellingAt(literal.getExprLoc()));
     result->setIntegerValue(value);
@@ -32,7 +32,7 @@ std::unique_ptr<LiteralExpression> makeCounted(const SourceText& text, Kind kind
 } // namespace
 
 Tessel::ExpressionPtr buildLiteral(UnitContext& context, const clang::Expr& expression) {
-    const SourceText& text = context.text;
+    const SourcePlaces& text = context.text;
     if (const auto* integer = llvm::dyn_cast<clang::IntegerLiteral>(&expression)) {
         // A literal has no sign: what needs the 64th bit does not fit.
         if (integer->getValue().getActiveBits() < 64)

@@ -5,7 +5,7 @@
 #include "environment/tessel/DeclarationBase.h"
 #include "environment/tessel/ExpressionBase.h"
 #include "frontends/c/DeclarationTable_p.h"
-#include "frontends/c/SourceText_p.h"
+#include "frontends/c/SourcePlaces_p.h"
 #include "frontends/c/TypeBuilder_p.h"
 
 #include <clang/AST/ASTFwd.h>
@@ -38,7 +38,7 @@ struct UnitContext {
     clang::ASTContext& clang;
     Tessel::ProgramUnit& program;
     Tessel::TranslationUnit& unit;
-    SourceText text;
+    SourcePlaces text;
     TypeBuilder types;
     DeclarationTable declarations;
     /// Of the body under construction.

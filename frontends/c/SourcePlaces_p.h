@@ -25,9 +25,9 @@ namespace Kova::Frontends {
 
 /// Where Clang's nodes stand, and what the source says there. What is written as a macro's argument stands where it is
 /// written; all else that comes of a macro stands where the macro is used.
-class SourceText {
+class SourcePlaces {
 public:
-    SourceText(const clang::ASTContext& context, Tessel::ProgramUnit& program);
+    SourcePlaces(const clang::ASTContext& context, Tessel::ProgramUnit& program);
 
     [[nodiscard]] Tessel::SourceRange rangeOf(clang::SourceRange range);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/tessel/ProgramUnit.h"
-#include "frontends/c/SourceText_p.h"
+#include "frontends/c/SourcePlaces_p.h"
 
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Decl.h>
@@ -13,12 +13,12 @@
 
 namespace Kova::Frontends {
 
-SourceText::SourceText(const clang::ASTContext& context, Tessel::ProgramUnit& program)
+SourcePlaces::SourcePlaces(const clang::ASTContext& context, Tessel::ProgramUnit& program)
     : m_context(context),
       m_sources(context.getSourceManager()),
       m_program(program) {}
 
-SourceText::File& SourceText::fileOf(clang::FileID id) {
+SourcePlaces::File& SourcePlaces::fileOf(clang::FileID id) {
     std::unique_ptr<File>& file = m_files[id];
     if (!file) {
         file = std::make_unique<File>(File{nullptr, LineTable(m_sources.getBufferData(id))});
@@ -28,7 +28,7 @@ SourceText::File& SourceText::fileOf(clang::FileID id) {
     return *file;
 }
 
-Tessel::SourceRange SourceText::rangeOf(clang::SourceRange range) {
+Tessel::SourceRange SourcePlaces::rangeOf(clang::SourceRange range) {
     if (range.isInvalid())
         return {};
     auto begin = m_sources.getDecomposedLoc(m_sources.getFileLoc(range.getBegin()));
@@ -49,7 +49,7 @@ Tessel::SourceRange SourceText::rangeOf(clang::SourceRange range) {
     return {file.file, first.line, first.column, last.line, last.column};
 }
 
-std::string SourceText::spellingAt(clang::SourceLocation location) const {
+std::string SourcePlaces::spellingAt(clang::SourceLocation location) const {
     bool invalid = false;
     llvm::SmallString<32> buffer;
     const llvm::StringRef text = clang::Lexer::getSpelling(m_sources.getSpellingLoc(location), buffer, m_sources,
@@ -57,16 +57,16 @@ std::string SourceText::spellingAt(clang::SourceLocation location) const {
     return invalid ? std::string() : text.str();
 }
 
-std::string SourceText::fileText(clang::SourceRange range) const {
+std::string SourcePlaces::fileText(clang::SourceRange range) const {
     if (range.isInvalid() || range.getBegin().isMacroID() || range.getEnd().isMacroID())
         return {};
     bool invalid = false;
-    const llvm::StringRef text = clang::Lexer::getSourceText(clang::CharSourceRange::getTokenRange(range), m_sources,
-                                                             m_context.getLangOpts(), &invalid);
+    const llvm::StringRef text = clang::Lexer::getSourcePlaces(clang::CharSourceRange::getTokenRange(range), m_sources,
+                                                               m_context.getLangOpts(), &invalid);
     return invalid ? std::string() : text.str();
 }
 
-std::string SourceText::textOf(const clang::Stmt& node) const {
+std::string SourcePlaces::textOf(const clang::Stmt& node) const {
     std::string text = fileText(node.getSourceRange());
     if (!text.empty())
         return text;
@@ -76,7 +76,7 @@ std::string SourceText::textOf(const clang::Stmt& node) const {
     return llvm::StringRef(text).rtrim("\r\n").str();
 }
 
-std::string SourceText::textOf(const clang::Decl& node) const {
+std::string SourcePlaces::textOf(const clang::Decl& node) const {
     std::string text = fileText(node.getSourceRange());
     if (!text.empty())
         return text;
@@ -85,7 +85,7 @@ std::string SourceText::textOf(const clang::Decl& node) const {
     return stream.str();
 }
 
-bool SourceText::isExternal(clang::SourceLocation location) const {
+bool SourcePlaces::isExternal(clang::SourceLocation location) const {
     return location.isInvalid() || m_sources.isInSystemHeader(m_sources.getExpansionLoc(location));
 }
 

@@ -26,7 +26,7 @@ std::string rangeOf(const Reading& reading, const std::string& start) {
 
 } // namespace
 
-TEST(SourceTextTest, statementsAndExpressions) {
+TEST(SourcePlacesTest, statementsAndExpressions) {
     const Reading reading("int f(int a)\n"
                           "{\n"
                           "    if (a > 1)\n"
@@ -51,7 +51,7 @@ TEST(SourceTextTest, statementsAndExpressions) {
     EXPECT_EQ(rangeOf(reading, "(+ a 1)"), "9:13-9:17");
 }
 
-TEST(SourceTextTest, labelsStandWhereTheyAreWritten) {
+TEST(SourcePlacesTest, labelsStandWhereTheyAreWritten) {
     const Reading reading("int f(int a) {\n"
                           "  switch (a) {\n"
                           "  case 1: a = 2;\n"
@@ -66,7 +66,7 @@ TEST(SourceTextTest, labelsStandWhereTheyAreWritten) {
     EXPECT_EQ(rangeOf(reading, "return"), "7:3-7:10");
 }
 
-TEST(SourceTextTest, whatAMacroExpandsToStandsWhereItIsUsed) {
+TEST(SourcePlacesTest, whatAMacroExpandsToStandsWhereItIsUsed) {
     const Reading reading("#define TWICE(x) ((x) + 7)\n"
                           "#define SWAP(a, b) b - a\n"
                           "#define LOOP for (;;) g();\n"
@@ -84,21 +84,21 @@ TEST(SourceTextTest, whatAMacroExpandsToStandsWhereItIsUsed) {
     EXPECT_EQ(rangeOf(reading, "(+ (- b a) 5)"), "8:10-8:23");
 }
 
-TEST(SourceTextTest, columnsCountBytes) {
+TEST(SourcePlacesTest, columnsCountBytes) {
     const Reading reading("int caf\xc3\xa9; int f(void) { return caf\xc3\xa9; }\n");
     EXPECT_EQ(reading.result, CFrontend::Result::Complete);
     EXPECT_EQ(rangeOf(reading, "variable caf\xc3\xa9"), "1:1-1:5");
     EXPECT_EQ(rangeOf(reading, "function f"), "1:12-1:40");
 }
 
-TEST(SourceTextTest, linesEndInAnyWay) {
+TEST(SourcePlacesTest, linesEndInAnyWay) {
     const Reading reading("int a;\r\nint f(void)\r\n{\r\n  return a \\\r\n + 1;\r\n}\r\n");
     EXPECT_EQ(reading.result, CFrontend::Result::Complete);
     EXPECT_EQ(rangeOf(reading, "(+ a 1)"), "4:10-5:4");
     EXPECT_EQ(rangeOf(reading, "function f"), "2:1-6:1");
 }
 
-TEST(SourceTextTest, everyNodeHasAPlaceInItsFile) {
+TEST(SourcePlacesTest, everyNodeHasAPlaceInItsFile) {
     const Reading reading("enum e { x };\nstruct s { int a; };\nint f(struct s* p) { static int v[] = { [0] = x }; "
                           "switch (v[0]) { case x: p->a += sizeof(int); } return p ? (int){ 1 } : ({ f(p); }); }\n");
     ASSERT_EQ(reading.result, CFrontend::Result::Complete);
@@ -110,7 +110,7 @@ TEST(SourceTextTest, everyNodeHasAPlaceInItsFile) {
     }
 }
 
-TEST(SourceTextTest, opaqueTextFromAMacroIsWrittenOut) {
+TEST(SourcePlacesTest, opaqueTextFromAMacroIsWrittenOut) {
     EXPECT_EQ(bodyOf("a = KIND(int);", "#define KIND(t) __builtin_types_compatible_p(t, long)\nint a;"),
               "(= a (opaque `__builtin_types_compatible_p(int, long)`))\n");
 }
