@@ -68,15 +68,17 @@ ExitStatus BatchRun::showSubject(const ViewKind& kind, const Subject& subject) c
     const std::unique_ptr<View> view = kind.create();
     view->show(subject);
     ExitStatus status = view->getWidget().isBuilded() ? Done : NothingToShow;
+    // The file first: it shall be there also when nobody reads standard output to its end.
+    if (!m_options.exportFile.isEmpty() && view->getWidget().isBuilded()) {
+        const QString error = exportPicture(view->getWidget(), m_options.exportFile);
+        if (!error.isEmpty()) {
+            printMessage(error);
+            status = FileFailure;
+        }
+    }
     if (m_options.describe)
         status = std::max(status, printJson(describeView(kind, *view, subject, log.getMessages())));
-    if (m_options.exportFile.isEmpty() || !view->getWidget().isBuilded())
-        return status;
-    const QString error = exportPicture(view->getWidget(), m_options.exportFile);
-    if (error.isEmpty())
-        return status;
-    printMessage(error);
-    return FileFailure;
+    return status;
 }
 
 ExitStatus BatchRun::writeGallery() const {

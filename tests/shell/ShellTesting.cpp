@@ -4,7 +4,10 @@
 #include "shell/program/SourceReader.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QProcess>
+#include <QRegularExpression>
 
 namespace Kova::Shell::Testing {
 
@@ -50,6 +53,27 @@ Finished runProgram(const QStringList& arguments, const QString& outFile, const 
     finished.out = process.readAllStandardOutput();
     finished.error = process.readAllStandardError();
     return finished;
+}
+
+QJsonObject parse(const QByteArray& text) {
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    return error.error == QJsonParseError::NoError ? document.object() : QJsonObject{{"invalid", error.errorString()}};
+}
+
+QStringList namesIn(const QJsonObject& list, const QString& what, const QString& field) {
+    QStringList names;
+    for (const QJsonValue& value : list[what].toArray())
+        names.append(value.toObject()[field].toString());
+    return names;
+}
+
+bool hasMessageForm(const QByteArray& error) {
+    static const QRegularExpression form("^(kova-shell: .+|[^:]+(:\\d+:\\d+)?: .+)$");
+    for (const QByteArray& line : error.split('\n'))
+        if (!line.isEmpty() && !form.match(QString::fromUtf8(line)).hasMatch())
+            return false;
+    return true;
 }
 
 } // namespace Kova::Shell::Testing

@@ -4,6 +4,7 @@
 #include "shell/program/OpenedProgram.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -40,6 +41,15 @@ struct Finished {
 /// Runs kova-shell to its end. @param outFile receives standard output when given.
 [[nodiscard]] Finished runProgram(const QStringList& arguments, const QString& outFile = QString(),
                                   const QProcessEnvironment& environment = withoutDisplay());
+
+/// The object in a JSON text; one with the key "invalid" when it is none.
+[[nodiscard]] QJsonObject parse(const QByteArray& text);
+
+/// A text field of every object in a list of an object: namesIn(list, "subroutines", "name").
+[[nodiscard]] QStringList namesIn(const QJsonObject& list, const QString& what, const QString& field);
+
+/// True when every line is of one of the two forms that messages have.
+[[nodiscard]] bool hasMessageForm(const QByteArray& error);
 
 /// Where kova-shell is.
 [[nodiscard]] QString programPath();

@@ -7,10 +7,8 @@
 #include <QDir>
 #include <QImage>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QtTest>
 
@@ -19,6 +17,9 @@ namespace Kova::Shell {
 namespace {
 
 using Testing::Finished;
+using Testing::hasMessageForm;
+using Testing::namesIn;
+using Testing::parse;
 using Testing::runProgram;
 
 constexpr auto source = "static int leaf(int x) { return x; }\n"
@@ -28,28 +29,6 @@ constexpr auto source = "static int leaf(int x) { return x; }\n"
                         "}\n";
 
 const QStringList describing = {"--view", "call-graph", "--describe"};
-
-QJsonObject parse(const QByteArray& text) {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    return error.error == QJsonParseError::NoError ? document.object() : QJsonObject{{"invalid", error.errorString()}};
-}
-
-QStringList namesIn(const QJsonObject& list, const QString& what, const QString& field) {
-    QStringList names;
-    for (const QJsonValue& value : list[what].toArray())
-        names.append(value.toObject()[field].toString());
-    return names;
-}
-
-/// Every line is of one of the two forms that messages have.
-bool hasMessageForm(const QByteArray& error) {
-    static const QRegularExpression form("^(kova-shell: .+|[^:]+(:\\d+:\\d+)?: .+)$");
-    for (const QByteArray& line : error.split('\n'))
-        if (!line.isEmpty() && !form.match(QString::fromUtf8(line)).hasMatch())
-            return false;
-    return true;
-}
 
 QImage renderSvg(const QByteArray& svg) {
     QSvgRenderer renderer(svg);
@@ -87,24 +66,8 @@ private Q_SLOTS:
     void listAndExportAll();
     void functionAndLine();
     void unknownFunctionAndLine();
-    void missingFile();
-    void directory();
-    void binaryFile();
-    void emptyFile();
-    void syntaxErrors();
-    void missingInclude();
     void includeAndDefine();
-    void otherDialect();
-    void twoFilesOneBroken();
-    void nestedParentheses();
-    void nestedBlocks();
-    void unwritableExports_data();
-    void unwritableExports();
-    void failedExportLeavesTheOldFile();
-    void fullStandardOutput();
     void deviceGetsPng();
-    void galleryCannotBeMade();
-    void nothingForTheGallery();
     void headerCountsAsTheProgramsOwn();
     void fileNamesInUtf8();
 
@@ -213,66 +176,6 @@ void BatchRunTest::unknownFunctionAndLine() {
     QCOMPARE(line.error, QByteArray("kova-shell: no statement starts on line 5\n"));
 }
 
-void BatchRunTest::missingFile() {
-    const Finished alone = runProgram(describing + QStringList(path("missing.c")));
-    QCOMPARE(alone.status, 3);
-    QCOMPARE(alone.out, QByteArray());
-    QVERIFY2(alone.error.startsWith(path("missing.c").toUtf8() + ": error: "), alone.error.constData());
-    // The others are processed all the same.
-    const Finished among = runProgram(describing + QStringList{path("missing.c"), write("a.c", source)});
-    QCOMPARE(among.status, 3);
-    QCOMPARE(namesIn(parse(among.out), "nodes", "text"), QStringList({"leaf", "main"}));
-    const Finished list = runProgram({"--list", path("missing.c")});
-    QCOMPARE(list.status, 3);
-    QCOMPARE(namesIn(parse(list.out), "files", "read"), QStringList("unreadable"));
-}
-
-void BatchRunTest::directory() {
-    const Finished run = runProgram(describing + QStringList(path("")));
-    QCOMPARE(run.status, 3);
-    QVERIFY2(hasMessageForm(run.error) && run.error.contains("directory"), run.error.constData());
-}
-
-void BatchRunTest::binaryFile() {
-    QByteArray bytes("\x7f\x45LF\0\1\2\3", 8);
-    for (int i = 0; i < 4096; ++i)
-        bytes.append(static_cast<char>((i * 7919) % 256));
-    const Finished run = runProgram(describing + QStringList(write("binary.c", bytes)));
-    QCOMPARE(run.status, 3);
-    QVERIFY2(!run.error.isEmpty() && hasMessageForm(run.error), run.error.constData());
-    QCOMPARE(run.out, QByteArray());
-}
-
-void BatchRunTest::emptyFile() {
-    const QString file = write("empty.c", "");
-    const Finished run = runProgram(describing + QStringList{"--export", path("a.png"), file});
-    QCOMPARE(run.status, 1);
-    QCOMPARE(run.error, QByteArray("kova-shell: Procedure Call graph was not created. Visualization interrupted.\n"));
-    const QJsonObject description = parse(run.out);
-    QCOMPARE(description["nodes"].toArray(), QJsonArray());
-    QCOMPARE(namesIn(description, "messages", "tag"), QStringList("CallGraphVisual"));
-    QVERIFY(!QFile::exists(path("a.png")));
-    QCOMPARE(runProgram({"--list", file}).status, 0);
-}
-
-void BatchRunTest::syntaxErrors() {
-    const QString file =
-        write("a.c", "int good(void) { return 1; }\nint broken( { ;\nint also(void) { return good(); }\n");
-    const Finished run = runProgram(describing + QStringList(file));
-    QCOMPARE(run.status, 0);
-    QVERIFY(run.error.startsWith(file.toUtf8() + ":2:"));
-    QVERIFY(hasMessageForm(run.error));
-    QVERIFY(namesIn(parse(run.out), "nodes", "text").contains("good"));
-}
-
-void BatchRunTest::missingInclude() {
-    const QString file = write("a.c", QByteArray("#include \"nowhere.h\"\n") + source);
-    const Finished run = runProgram(describing + QStringList(file));
-    QCOMPARE(run.status, 0);
-    QVERIFY2(run.error.contains(":1:10: ") && run.error.contains("nowhere.h"), run.error.constData());
-    QCOMPARE(namesIn(parse(run.out), "nodes", "text"), QStringList({"leaf", "main"}));
-}
-
 void BatchRunTest::includeAndDefine() {
     QVERIFY(QDir().mkpath(path("include")));
     write("include/leaf.h", "static int leaf(void) { return 0; }\n");
@@ -287,122 +190,10 @@ void BatchRunTest::includeAndDefine() {
     }
 }
 
-void BatchRunTest::otherDialect() {
-    const QString file =
-        write("old.c", "int twice(x) int x; { return 2 * x; }\nmain() { return twice(undeclared()); }\n");
-    const Finished old = runProgram({"--list", "--std", "gnu89", file});
-    QCOMPARE(old.status, 0);
-    QVERIFY2(!old.error.contains("error"), old.error.constData());
-    QCOMPARE(namesIn(parse(old.out), "subroutines", "name"), QStringList({"twice", "main"}));
-    QVERIFY(runProgram({"--list", "--std", "c17", file}).error.contains("error"));
-    const Finished unknown = runProgram({"--list", "--std", "c18x", file});
-    QCOMPARE(unknown.status, 2);
-    QVERIFY(unknown.error.contains("c18x"));
-}
-
-void BatchRunTest::twoFilesOneBroken() {
-    const QString good = write("good.c", source);
-    const QString broken = write("broken.c", "%%%%\n");
-    const Finished run = runProgram(describing + QStringList{broken, good});
-    QCOMPARE(namesIn(parse(run.out), "nodes", "text"), QStringList({"leaf", "main"}));
-    QVERIFY(run.error.startsWith(broken.toUtf8() + ":1:"));
-    QCOMPARE(run.status, 3); // nothing is left of the broken one
-    const QString half = write("half.c", "int half(void) { return leaf_of_nobody; }\nint whole(void) { return 1; }\n");
-    const Finished partial = runProgram(describing + QStringList{half, good});
-    QCOMPARE(partial.status, 0);
-    QVERIFY(namesIn(parse(partial.out), "nodes", "text").contains("whole"));
-    QVERIFY(partial.error.contains("leaf_of_nobody"));
-}
-
-void BatchRunTest::nestedParentheses() {
-    const QByteArray text = "int leaf(void) { return 1; }\nint main(void) { return " + QByteArray(2000, '(') +
-                            "leaf()" + QByteArray(2000, ')') + "; }\n";
-    const Finished run = runProgram(describing + QStringList(write("deep.c", text)));
-    QCOMPARE(run.status, 0);
-    QCOMPARE(run.error, QByteArray());
-    QCOMPARE(namesIn(parse(run.out), "edges", "tooltip"), QStringList("leaf()"));
-}
-
-void BatchRunTest::nestedBlocks() {
-    QByteArray loops;
-    for (int i = 0; i < 2000; ++i)
-        loops += "for (;;) {\n";
-    const QByteArray text = "int leaf(void) { return 1; }\nint main(void) { " + QByteArray(2000, '{') + "leaf();" +
-                            QByteArray(2000, '}') + " return 0; }\nvoid loop(void) {\n" + loops +
-                            QByteArray(2000, '}') + "}\n";
-    const QString file = write("deep.c", text);
-    const Finished run = runProgram(describing + QStringList(file));
-    QCOMPARE(run.status, 0);
-    QCOMPARE(run.error, QByteArray());
-    QCOMPARE(namesIn(parse(run.out), "edges", "tooltip"), QStringList("leaf()"));
-    const Finished list = runProgram({"--list", file});
-    QCOMPARE(list.status, 0);
-    const QJsonArray listed = parse(list.out)["subroutines"].toArray().at(2).toObject()["loops"].toArray();
-    QCOMPARE(listed.size(), 2000);
-    QCOMPARE(listed.last().toObject()["depth"].toInt(), 2000);
-    QCOMPARE(runProgram(describing + QStringList{"--line", "2002", file}).status, 0);
-}
-
-void BatchRunTest::unwritableExports_data() {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("missing directory") << "/nowhere/a.png"
-                                       << "No such file";
-    QTest::newRow("below a file") << "/etc/passwd/a.svg"
-                                  << "cannot write";
-    QTest::newRow("full disk") << "/dev/full"
-                               << "No space left on device";
-}
-
-void BatchRunTest::unwritableExports() {
-    QFETCH(QString, target);
-    QFETCH(QString, reason);
-    const Finished run = runProgram({"--view", "call-graph", "--export", target, write("a.c", source)});
-    QCOMPARE(run.status, 3);
-    QVERIFY2(run.error.startsWith("kova-shell: cannot write '" + target.toUtf8()), run.error.constData());
-    QVERIFY2(run.error.contains(reason.toUtf8()), run.error.constData());
-}
-
-void BatchRunTest::failedExportLeavesTheOldFile() {
-    QVERIFY(QDir().mkpath(path("out/a.png")));
-    write("out/keep", "old");
-    const Finished directory =
-        runProgram({"--view", "call-graph", "--export", path("out/a.png"), write("a.c", source)});
-    QCOMPARE(directory.status, 3);
-    QCOMPARE(filesIn("out"), QStringList("keep"));
-    const QString link = path("full.svg");
-    QVERIFY(QFile::link("/dev/full", link));
-    QCOMPARE(runProgram({"--view", "call-graph", "--export", link, path("a.c")}).status, 3);
-    QVERIFY(QFileInfo(link).isSymLink());
-}
-
-void BatchRunTest::fullStandardOutput() {
-    const QString file = write("a.c", source);
-    for (const QStringList& arguments : {describing + QStringList(file), QStringList{"--list", file}}) {
-        const Finished run = runProgram(arguments, "/dev/full");
-        QCOMPARE(run.status, 3);
-        QCOMPARE(run.error, QByteArray("kova-shell: cannot write to standard output: No space left on device\n"));
-    }
-}
-
 void BatchRunTest::deviceGetsPng() {
     const Finished run = runProgram({"--view", "call-graph", "--export", "/dev/stdout", write("a.c", source)});
     QCOMPARE(run.status, 0);
     QVERIFY(!QImage::fromData(run.out, "PNG").isNull());
-}
-
-void BatchRunTest::galleryCannotBeMade() {
-    const QString file = write("a.c", source);
-    const Finished run = runProgram({"--export-all", file + "/below", file});
-    QCOMPARE(run.status, 3);
-    QVERIFY2(run.error.startsWith("kova-shell: cannot make the directory"), run.error.constData());
-    QCOMPARE(Testing::contentOf(file), QByteArray(source));
-}
-
-void BatchRunTest::nothingForTheGallery() {
-    const Finished run = runProgram({"--export-all", path("out"), write("a.c", "int x;\n")});
-    QCOMPARE(run.status, 1);
-    QCOMPARE(filesIn("out"), QStringList("index.html"));
 }
 
 void BatchRunTest::headerCountsAsTheProgramsOwn() {
