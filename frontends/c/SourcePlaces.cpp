@@ -61,8 +61,8 @@ std::string SourcePlaces::fileText(clang::SourceRange range) const {
     if (range.isInvalid() || range.getBegin().isMacroID() || range.getEnd().isMacroID())
         return {};
     bool invalid = false;
-    const llvm::StringRef text = clang::Lexer::getSourcePlaces(clang::CharSourceRange::getTokenRange(range), m_sources,
-                                                               m_context.getLangOpts(), &invalid);
+    const llvm::StringRef text = clang::Lexer::getSourceText(clang::CharSourceRange::getTokenRange(range), m_sources,
+                                                             m_context.getLangOpts(), &invalid);
     return invalid ? std::string() : text.str();
 }
 
