@@ -92,7 +92,9 @@ ExitStatus MainWindow::start(const Options& options) {
         for (const std::string& line : program.getDiagnosticTexts())
             printErrorLine(line);
     });
+    m_request = options.subject;
     const bool success = openFiles(options.files);
+    m_request = SubjectRequest();
     disconnect(printing);
     if (!success)
         return FileFailure;
@@ -101,8 +103,6 @@ ExitStatus MainWindow::start(const Options& options) {
         printMessage(found.error);
         return WrongUsage;
     }
-    if (found.subject != m_subject)
-        showSubject(found.subject);
     return m_session.getProgram().hasUnreadableFile() ? FileFailure : Done;
 }
 
@@ -127,21 +127,18 @@ bool MainWindow::addFiles(const QStringList& paths) {
 }
 
 bool MainWindow::reload() {
-    const SubjectFinder::Identity identity = SubjectFinder::identify(m_subject);
+    m_wanted = SubjectFinder::identify(m_subject);
     const ViewPane::Position position = m_pane->getPosition();
     bool success = false;
     {
         const WaitCursor cursor;
         success = m_session.reload();
     }
+    m_wanted = SubjectFinder::Identity();
     finishReading(success, m_session.getPaths());
-    if (!success)
-        return false;
-    const Subject subject = SubjectFinder(m_session.getProgram()).findAgain(identity);
-    if (subject != m_subject)
-        showSubject(subject);
-    m_pane->setPosition(position);
-    return true;
+    if (success)
+        m_pane->setPosition(position);
+    return success;
 }
 
 void MainWindow::finishReading(bool success, const QStringList& paths) {
@@ -202,11 +199,20 @@ void MainWindow::takeProgram() {
                               : tr("Kova"));
     if (hasProgram) {
         m_tree->setProgram(program);
-        showSubject(SubjectFinder(program).find({}, m_kind->preference).subject);
+        showSubject(chooseSubject());
     } else {
         updateViewToolBar();
         updateStatus();
     }
+}
+
+// Chosen before anything is shown: to lay out a large program only to show a part of it would be a long wait.
+Subject MainWindow::chooseSubject() const {
+    const SubjectFinder finder(m_session.getProgram());
+    if (m_wanted.kind != Subject::Kind::None)
+        return finder.findAgain(m_wanted);
+    const FoundSubject found = finder.find(m_request, m_kind->preference);
+    return found.error.isEmpty() ? found.subject : finder.find({}, m_kind->preference).subject;
 }
 
 // A subject that the view cannot show gives way to what the view looks at when nothing is named.

@@ -70,6 +70,7 @@ private:
     void tellUnlessRead(bool success, const QStringList& paths);
     void forgetProgram();
     void takeProgram();
+    [[nodiscard]] Subject chooseSubject() const;
     void showSubject(const Subject& subject);
     void chooseView(const ViewKind& kind);
     void showPlace(const QString& file, int line);
@@ -89,6 +90,9 @@ private:
     QToolBar* m_viewToolBar = nullptr;
     const ViewKind* m_kind;
     Subject m_subject;
+    /// What the next program is to show: the same as before, or what the command line names.
+    SubjectFinder::Identity m_wanted;
+    SubjectRequest m_request;
 };
 
 } // namespace Kova::Shell

@@ -17,8 +17,6 @@ ProgramTree::ProgramTree(QWidget* parent) : QTreeView(parent), m_model(new Progr
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(ProgramTreeModel::NameColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(ProgramTreeModel::LinesColumn, QHeaderView::ResizeToContents);
-    // The current row is picked when it becomes so; a click picks it again after the view went elsewhere.
-    connect(this, &QTreeView::clicked, this, &ProgramTree::pick);
 }
 
 void ProgramTree::setProgram(const OpenedProgram& program) {
@@ -40,12 +38,8 @@ void ProgramTree::showSubject(const Subject& subject) {
 
 void ProgramTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
-    pick(current);
-}
-
-void ProgramTree::pick(const QModelIndex& index) {
-    if (!m_silent && index.isValid())
-        Q_EMIT subjectPicked(m_model->getSubject(index));
+    if (!m_silent && current.isValid())
+        Q_EMIT subjectPicked(m_model->getSubject(current));
 }
 
 } // namespace Kova::Shell

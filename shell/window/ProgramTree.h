@@ -26,14 +26,13 @@ public:
     [[nodiscard]] const ProgramTreeModel& getModel() const { return *m_model; }
 
 Q_SIGNALS:
+    /// The user made another row the current one.
     void subjectPicked(const Kova::Shell::Subject& subject);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
-    void pick(const QModelIndex& index);
-
     ProgramTreeModel* m_model;
     bool m_silent = false;
 };

@@ -48,7 +48,7 @@ void ProgramTreeTest::clicksAndKeysPick() {
     const QModelIndex file = m_tree->getModel().index(0, 0);
     const QModelIndex g = m_tree->getModel().index(1, 0, file);
     QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, {}, m_tree->visualRect(g).center());
-    QVERIFY(m_picked.contains("subroutine g"));
+    QCOMPARE(m_picked, QStringList("subroutine g")); // once: showing may be slow
     m_picked.clear();
     QTest::keyClick(m_tree.get(), Qt::Key_Up);
     QCOMPARE(m_picked, QStringList("subroutine f"));
