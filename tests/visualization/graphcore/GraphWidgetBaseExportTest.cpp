@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QXmlStreamReader>
@@ -28,21 +29,22 @@ struct Asked {
 /// Runs the action and answers the file dialog that it opens; an empty name cancels.
 Asked answerDialog(const std::function<void()>& action, const QString& fileName) {
     Asked asked;
+    int attempts = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         if (!dialog)
             return;
-        timer.stop();
         asked = {true, dialog->windowTitle(), dialog->nameFilters()};
-        if (fileName.isEmpty()) {
+        // Typed as a whole path: selecting a file waits for the folder, which is read in the background.
+        if (fileName.isEmpty() || ++attempts > 100) {
             dialog->reject();
             return;
         }
-        dialog->selectFile(fileName);
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(fileName);
         static_cast<QDialog*>(dialog)->accept();
     });
-    timer.start(10);
+    timer.start(20);
     action();
     return asked;
 }
