@@ -2,6 +2,7 @@
 #include "environment/printing/CDeclarationPieces.h"
 
 #include "environment/printing/CDeclarator.h"
+#include "environment/printing/DeclarationHead.h"
 #include "environment/tessel/EnumDeclaration.h"
 #include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/OpaqueDeclaration.h"
@@ -11,7 +12,6 @@
 #include "environment/tessel/VariableDeclaration.h"
 #include "environment/tessel/types/FunctionType.h"
 
-#include <set>
 #include <utility>
 
 namespace Kova::Backends {
@@ -20,87 +20,8 @@ using namespace Tessel;
 
 namespace {
 
-const char* storageWords(StorageClass storage) {
-    switch (storage) {
-    case StorageClass::None:
-        break;
-    case StorageClass::Static:
-        return "static ";
-    case StorageClass::Extern:
-        return "extern ";
-    case StorageClass::Register:
-        return "register ";
-    case StorageClass::Auto:
-        return "auto ";
-    case StorageClass::ThreadLocal:
-        return "_Thread_local ";
-    case StorageClass::StaticThreadLocal:
-        return "static _Thread_local ";
-    case StorageClass::ExternThreadLocal:
-        return "extern _Thread_local ";
-    }
-    return "";
-}
-
-/// What a declaration of names says before its declarators, apart from the type. Attributes come first, where C takes
-/// them for variables, types and functions alike.
-std::string prefixOf(const DeclarationBase& declaration) {
-    std::string words = declaration.getAttributes();
-    if (!words.empty())
-        words += ' ';
-    if (dynamic_cast<const TypedefDeclaration*>(&declaration) != nullptr)
-        words += "typedef ";
-    if (const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration))
-        words += storageWords(variable->getStorageClass());
-    return words;
-}
-
-/// The type of a declaration that declares names of one; null for any other.
-const Type* typeOf(const DeclarationBase& declaration) {
-    if (const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration))
-        return variable->getType();
-    if (const auto* field = dynamic_cast<const FieldDeclaration*>(&declaration))
-        return field->getType();
-    if (const auto* alias = dynamic_cast<const TypedefDeclaration*>(&declaration))
-        return alias->getType();
-    return nullptr;
-}
-
-bool canShare(const DeclarationBase& a, const DeclarationBase& b) {
-    return typeOf(a) != nullptr && typeOf(b) != nullptr && prefixOf(a) == prefixOf(b) &&
-           CDeclarator::specifierOf(typeOf(a)) == CDeclarator::specifierOf(typeOf(b));
-}
-
-bool hasUnnamedType(const DeclarationBase& declaration) {
-    const TypeDeclaration* type = CDeclarator::declarationBehind(typeOf(declaration));
-    return type != nullptr && type->getName().empty();
-}
-
-bool endsWithSemicolon(const DeclarationBase& declaration) {
-    const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(&declaration);
-    return dynamic_cast<const OpaqueDeclaration*>(&declaration) == nullptr &&
-           (subroutine == nullptr || !subroutine->hasImplementation());
-}
-
-/// The declarations of a node that are written, without types that other declarations define where they use them.
-std::vector<DeclarationBase*> writtenDeclarations(const TesselBase& holder) {
-    std::vector<DeclarationBase*> written;
-    std::set<const TypeDeclaration*> used; // looked up, never walked
-    for (std::size_t i = 0; i < holder.getChildCount(); ++i)
-        if (const auto* declaration = dynamic_cast<const DeclarationBase*>(holder.getChild(i)))
-            used.insert(CDeclarator::declarationBehind(typeOf(*declaration)));
-    for (std::size_t i = 0; i < holder.getChildCount(); ++i) {
-        auto* declaration = dynamic_cast<DeclarationBase*>(holder.getChild(i));
-        const auto* type = dynamic_cast<const TypeDeclaration*>(declaration);
-        const bool isElsewhere = type != nullptr && type->getName().empty() && used.count(type) != 0;
-        if (declaration != nullptr && !isElsewhere)
-            written.push_back(declaration);
-    }
-    return written;
-}
-
 /// `struct` and the like with attributes and name.
-std::string headOf(const TypeDeclaration& declaration, const char* keyword) {
+std::string headOfType(const TypeDeclaration& declaration, const char* keyword) {
     std::string head = keyword;
     for (const std::string* word : {&declaration.getAttributes(), &declaration.getName()})
         if (!word->empty())
@@ -108,12 +29,21 @@ std::string headOf(const TypeDeclaration& declaration, const char* keyword) {
     return head;
 }
 
+/// The function type with nothing known of its parameters; null when it is of another kind.
+const FunctionType* asOldStyle(const Type* type) {
+    const auto* function = dynamic_cast<const FunctionType*>(type);
+    const bool isOld = function != nullptr && function->getParametersKind() == FunctionType::Parameters::Unspecified;
+    return isOld ? function : nullptr;
+}
+
 } // namespace
 
 PieceList CDeclarationPieces::declaratorOf(DeclarationBase& declaration) const {
     PieceList name;
-    name.text(declaration.getName(), declaration);
-    PieceList pieces = CDeclarator::declaratorPieces(typeOf(declaration), std::move(name), declaration);
+    name.name(declaration.getName(), declaration);
+    PieceList pieces =
+        CDeclarator::declaratorPieces(DeclarationHead::typeOf(declaration), std::move(name), declaration);
+    pieces.text(DeclarationHead::wordsBehind(declaration), declaration);
     const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration);
     const auto* field = dynamic_cast<const FieldDeclaration*>(&declaration);
     if (variable != nullptr && variable->getInitializer() != nullptr) {
@@ -127,32 +57,25 @@ PieceList CDeclarationPieces::declaratorOf(DeclarationBase& declaration) const {
     return pieces;
 }
 
-void CDeclarationPieces::declarations(TesselBase& holder, Sharing sharing) {
-    const std::vector<DeclarationBase*> written = writtenDeclarations(holder);
-    const auto isOne = [sharing](const DeclarationBase& a, const DeclarationBase& b) {
-        return canShare(a, b) && (sharing == Sharing::Always || hasUnnamedType(a));
-    };
-    for (std::size_t i = 0; i < written.size(); ++i) {
-        DeclarationBase& declaration = *written[i];
-        if (i != 0 && isOne(*written[i - 1], declaration)) {
-            text(", ");
-            out().append(declaratorOf(declaration));
-        } else {
-            if (i != 0)
-                out().lineBreak(declaration);
-            child(&declaration);
-        }
-        const bool goesOn = i + 1 < written.size() && isOne(declaration, *written[i + 1]);
-        if (!goesOn && endsWithSemicolon(declaration))
-            text(";");
-    }
-}
-
-void CDeclarationPieces::wholeDeclaration(DeclarationBase& declaration) {
-    text(prefixOf(declaration));
-    PieceList pieces = CDeclarator::specifierPieces(typeOf(declaration), declaration);
+void CDeclarationPieces::wholeDeclaration(DeclarationBase& declaration, const TypeDeclaration* definition) {
+    out().text(DeclarationHead::wordsBefore(declaration), declaration);
+    PieceList pieces = CDeclarator::specifierPieces(DeclarationHead::typeOf(declaration), declaration, definition);
     CDeclarator::joinSpecifier(pieces, declaratorOf(declaration), declaration);
     out().append(std::move(pieces));
+}
+
+void CDeclarationPieces::group(const DeclarationGroup& group, TesselBase& owner) {
+    DeclarationBase& first = *group.declarators.front();
+    if (group.definition != nullptr)
+        wholeDeclaration(first, group.definition);
+    else
+        child(&first);
+    for (std::size_t i = 1; i < group.declarators.size(); ++i) {
+        out().text(", ", owner);
+        out().append(declaratorOf(*group.declarators[i]));
+    }
+    if (DeclarationHead::endsWithSemicolon(first))
+        out().text(";", owner);
 }
 
 void CDeclarationPieces::visit(VariableDeclaration& node) {
@@ -168,61 +91,94 @@ void CDeclarationPieces::visit(TypedefDeclaration& node) {
 }
 
 void CDeclarationPieces::visit(EnumeratorDeclaration& node) {
-    text(node.getName());
+    name(node.getName());
+    if (!node.getAttributes().empty())
+        text(" " + node.getAttributes());
     if (node.getExpression() != nullptr)
         text(" = ");
     child(node.getExpression(), Precedence::Conditional);
 }
 
 void CDeclarationPieces::visit(RecordDeclaration& node) {
-    text(headOf(node, node.getKind() == RecordDeclaration::Kind::Union ? "union" : "struct"));
+    text(headOfType(node, node.getKind() == RecordDeclaration::Kind::Union ? "union" : "struct"));
     if (!node.isComplete())
         return;
-    text(" {");
+    out().lineBreak(node);
+    text("{");
     out().indent();
-    if (node.getChildCount() != 0)
-        out().lineBreak(node);
-    declarations(node, Sharing::WhereNeeded);
+    // Members are the structure's shape: nothing of it is hidden.
+    for (const DeclarationGroup& member : groupDeclarations(node, DeclarationPlace::Record, {})) {
+        DeclarationBase& first = *member.declarators.front();
+        out().lineBreak(first);
+        group(member, first);
+    }
     out().unindent();
     out().lineBreak(node);
     text("}");
 }
 
 void CDeclarationPieces::visit(EnumDeclaration& node) {
-    text(headOf(node, "enum"));
+    text(headOfType(node, "enum"));
     if (!node.isComplete())
         return;
-    text(" { ");
-    arguments(0);
-    text(" }");
+    out().lineBreak(node);
+    text("{");
+    out().indent();
+    for (std::size_t i = 0; i < node.getChildCount(); ++i) {
+        if (i != 0)
+            text(",");
+        if (TesselBase* enumerator = node.getChild(i))
+            out().lineBreak(*enumerator);
+        child(node.getChild(i));
+    }
+    out().unindent();
+    out().lineBreak(node);
+    text("}");
 }
 
-void CDeclarationPieces::visit(SubroutineDeclaration& node) {
-    text(prefixOf(node));
-    text(storageWords(node.getStorageClass()));
-    text(node.isInline() ? "inline " : "");
-    if (node.isNoReturn() && node.getAttributes().find("noreturn") == std::string::npos)
-        text("_Noreturn ");
+PieceList CDeclarationPieces::headOf(SubroutineDeclaration& node, bool isOldStyle) const {
+    PieceList head;
+    head.name(node.getName(), node);
     const auto* function = dynamic_cast<const FunctionType*>(node.getType());
-    PieceList name;
-    name.text(node.getName(), node);
-    if (function == nullptr || node.getParameterCount() == 0) {
-        out().append(CDeclarator::declarationPieces(node.getType(), std::move(name), node));
-    } else {
-        name.text("(", node);
-        for (std::size_t i = 0; i < node.getParameterCount(); ++i) {
-            name.text(i == 0 ? "" : ", ", node);
-            name.node(node.getParameter(i));
-        }
-        name.text(function->getParametersKind() == FunctionType::Parameters::Variadic ? ", ...)" : ")", node);
-        out().append(CDeclarator::declarationPieces(function->getResult(), std::move(name), node));
+    if (function == nullptr || node.getParameterCount() == 0)
+        return head;
+    head.text("(", node);
+    for (std::size_t i = 0; i < node.getParameterCount(); ++i) {
+        head.text(i == 0 ? "" : ", ", node);
+        VariableDeclaration* parameter = node.getParameter(i);
+        if (isOldStyle && parameter != nullptr)
+            head.name(parameter->getName(), *parameter);
+        else
+            head.node(parameter);
     }
-    text(node.hasImplementation() ? " " : "");
+    head.text(function->getParametersKind() == FunctionType::Parameters::Variadic ? ", ...)" : ")", node);
+    return head;
+}
+
+/// A definition without a prototype declares its parameters between the head and the body: with a prototype, callers
+/// would pass other types.
+void CDeclarationPieces::visit(SubroutineDeclaration& node) {
+    text(DeclarationHead::wordsBefore(node));
+    const auto* function = dynamic_cast<const FunctionType*>(node.getType());
+    const bool isOldStyle = asOldStyle(node.getType()) != nullptr && node.hasImplementation();
+    const bool hasParameters = function != nullptr && node.getParameterCount() != 0;
+    out().append(CDeclarator::declarationPieces(hasParameters ? function->getResult() : node.getType(),
+                                                headOf(node, isOldStyle), node));
+    text(DeclarationHead::wordsBehind(node));
+    for (std::size_t i = 0; isOldStyle && i < node.getParameterCount(); ++i) {
+        if (VariableDeclaration* parameter = node.getParameter(i)) {
+            out().lineBreak(*parameter);
+            child(parameter);
+            out().text(";", *parameter);
+        }
+    }
+    if (node.hasImplementation())
+        out().lineBreak(*node.getBody());
     child(node.getBody());
 }
 
 void CDeclarationPieces::visit(OpaqueDeclaration& node) {
-    text(toOneLine(node.getText(), textStyle()));
+    sourceText(node.getText());
 }
 
 } // namespace Kova::Backends

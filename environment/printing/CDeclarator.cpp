@@ -43,16 +43,18 @@ bool isArrayOrFunction(const Type* type) {
 }
 
 /// `struct name`, or the definition where there is no name; a typedef's name.
-void appendDeclared(const Tessel::TypeDeclaration& declaration, TesselBase& owner, PieceList& out) {
+/// @param definition the declaration that this use of the type stands for; null for a use alone.
+void appendDeclared(const Tessel::TypeDeclaration& declaration, const Tessel::TypeDeclaration* definition,
+                    TesselBase& owner, PieceList& out) {
     const auto* record = dynamic_cast<const Tessel::RecordDeclaration*>(&declaration);
     const bool isEnum = dynamic_cast<const Tessel::EnumDeclaration*>(&declaration) != nullptr;
-    if ((record != nullptr || isEnum) && declaration.getName().empty()) {
-        out.node(&declaration);
+    if (definition != nullptr || ((record != nullptr || isEnum) && declaration.getName().empty())) {
+        out.node(definition != nullptr ? definition : &declaration);
         return;
     }
     const bool isUnion = record != nullptr && record->getKind() == Tessel::RecordDeclaration::Kind::Union;
-    const char* keyword = isEnum ? "enum " : isUnion ? "union " : record != nullptr ? "struct " : "";
-    out.text(keyword + declaration.getName(), owner);
+    out.text(isEnum ? "enum " : isUnion ? "union " : record != nullptr ? "struct " : "", owner);
+    out.name(declaration.getName(), owner);
 }
 
 /// Collects from the declared outwards what stands to its left and to its right.
@@ -151,21 +153,20 @@ const Tessel::TypeDeclaration* declarationBehind(const Type* type) {
     return declared != nullptr ? &declared->getDeclaration() : nullptr;
 }
 
-PieceList specifierPieces(const Type* type, TesselBase& owner) {
+PieceList specifierPieces(const Type* type, TesselBase& owner, const Tessel::TypeDeclaration* definition) {
     const Specifier specifier = specifierOf(type);
     PieceList out;
     if (specifier.base == nullptr)
         return out;
-    std::string qualifiers = qualifierWords(specifier.qualifiers);
-    if (!qualifiers.empty())
-        qualifiers += ' ';
-    out.text(qualifiers, owner);
+    if (specifier.qualifiers != 0)
+        out.text(qualifierWords(specifier.qualifiers) + ' ', owner);
     if (const auto* basic = dynamic_cast<const Tessel::BasicType*>(specifier.base))
-        out.text(basic->getName(), owner);
+        out.name(basic->getName(), owner);
     else if (const auto* opaque = dynamic_cast<const Tessel::OpaqueType*>(specifier.base))
-        out.text(opaque->getText(), owner);
+        out.name(opaque->getText(), owner);
     else
-        appendDeclared(static_cast<const Tessel::DeclaredType*>(specifier.base)->getDeclaration(), owner, out);
+        appendDeclared(static_cast<const Tessel::DeclaredType*>(specifier.base)->getDeclaration(), definition, owner,
+                       out);
     return out;
 }
 
@@ -188,9 +189,9 @@ PieceList declaratorPieces(const Type* type, PieceList declared, TesselBase& own
 }
 
 void joinSpecifier(PieceList& specifier, PieceList&& declarator, TesselBase& owner) {
-    const bool isSeparate =
-        !specifier.isEmpty() && !declarator.isEmpty() && declarator.getPieces().front().text.compare(0, 1, "[") != 0;
-    if (isSeparate)
+    const bool isBracket = !declarator.isEmpty() && declarator.getPieces().front().kind == Piece::Kind::Text &&
+                           *declarator.getPieces().front().text == '[';
+    if (!specifier.isEmpty() && !declarator.isEmpty() && !isBracket)
         specifier.text(" ", owner);
     specifier.append(std::move(declarator));
 }

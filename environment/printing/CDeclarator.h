@@ -30,7 +30,9 @@ struct Specifier {
 
 /// `const struct node`; the whole definition for a structure, union or enumeration without a name; nothing for a type
 /// that is not known. All pieces are for the owner.
-[[nodiscard]] PieceList specifierPieces(const Tessel::Type* type, Tessel::TesselBase& owner);
+/// @param definition what the specifier declares by the way, written in place of the type's name; null for nothing.
+[[nodiscard]] PieceList specifierPieces(const Tessel::Type* type, Tessel::TesselBase& owner,
+                                        const Tessel::TypeDeclaration* definition = nullptr);
 
 /// What a type puts around the declared: `(*` and `)[10]` for a pointer to an array.
 /// @param declared a name with what belongs to it, such as a function's parameters; empty where nothing is declared.

@@ -3,6 +3,7 @@
 
 #include "environment/printing/CDeclarator.h"
 #include "environment/printing/COperators.h"
+#include "environment/printing/NamesInText.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/CastExpression.h"
@@ -36,6 +37,18 @@ namespace Kova::Backends {
 
 using namespace Tessel;
 
+namespace {
+
+/// A compound assignment is C's even where a Fortran program holds one.
+std::string compoundForm(BinaryOperator operation) {
+    std::string form = cFormOf(operation).symbol;
+    if (!form.empty() && form.back() == ' ')
+        form.pop_back();
+    return form + "= ";
+}
+
+} // namespace
+
 Precedence CExpressionPieces::expand(TesselBase& node, PieceList& out) {
     m_out = &out;
     m_node = &node;
@@ -64,23 +77,33 @@ void CExpressionPieces::arguments(std::size_t firstChild) {
     }
 }
 
+void CExpressionPieces::sourceText(const std::string& text) {
+    if (m_node->getChildCount() == 0)
+        m_out->text(toOneLine(text, textStyle()), *m_node);
+    else
+        m_out->append(splitAtNames(toOneLine(text, textStyle()), *m_node));
+}
+
 void CExpressionPieces::visit(VariableReference& node) {
-    text(node.getVariable().getName());
+    name(node.getVariable().getName());
 }
 
 void CExpressionPieces::visit(SubroutineReference& node) {
-    text(node.getSubroutine().getName());
+    name(node.getSubroutine().getName());
 }
 
 void CExpressionPieces::visit(EnumeratorReference& node) {
-    text(node.getEnumerator().getName());
+    name(node.getEnumerator().getName());
 }
 
 void CExpressionPieces::visit(LiteralExpression& node) {
     const std::string& literal = node.getText();
     if (!literal.empty() && (literal.front() == '-' || literal.front() == '+'))
         setPrecedence(signedNumber());
-    text(toOneLine(literal, textStyle()));
+    if (literal.find('\n') == std::string::npos)
+        name(literal);
+    else
+        text(toOneLine(literal, textStyle()));
 }
 
 void CExpressionPieces::visit(UnaryExpression& node) {
@@ -110,15 +133,17 @@ void CExpressionPieces::visit(BinaryExpression& node) {
     }
     const Precedence same = form.precedence;
     child(node.getLeft(), form.shape == Shape::LeftAssociative ? same : tighter(same));
-    text((same == Precedence::Comma ? "" : " ") + std::string(form.symbol) + " ");
+    text(form.symbol);
     child(node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
 }
 
 void CExpressionPieces::visit(AssignmentExpression& node) {
     setPrecedence(Precedence::Assignment);
     child(node.getTarget(), Precedence::Unary);
-    // A compound assignment is C's even where a Fortran program holds one.
-    text(" " + std::string(node.isCompound() ? cFormOf(*node.getOperator()).symbol : "") + "= ");
+    if (node.isCompound())
+        text(compoundForm(*node.getOperator()));
+    else
+        text(" = ");
     child(node.getValue(), Precedence::Assignment);
 }
 
@@ -175,7 +200,9 @@ void CExpressionPieces::visit(MemberExpression& node) {
     child(node.getBase(), Precedence::Postfix);
     if (!isInsideUnnamed)
         text(node.getAccess() == MemberExpression::Access::ThroughPointer ? "->" : ".");
-    text(node.getField().getName());
+    else if (node.getField().getName().empty())
+        out().nothing(node);
+    name(node.getField().getName());
 }
 
 void CExpressionPieces::visit(SubroutineCallExpression& node) {
@@ -250,6 +277,8 @@ void CExpressionPieces::visit(GenericSelectionExpression& node) {
 
 void CExpressionPieces::visit(StatementExpression& node) {
     text("(");
+    if (node.getBlock() != nullptr)
+        out().lineBreak(*node.getBlock());
     child(node.getBlock());
     text(")");
 }
@@ -270,7 +299,7 @@ void CExpressionPieces::visit(LabelAddressExpression& node) {
 
 void CExpressionPieces::visit(OpaqueExpression& node) {
     setPrecedence(precedenceOfText(node.getText()));
-    text(toOneLine(node.getText(), textStyle()));
+    sourceText(node.getText());
 }
 
 } // namespace Kova::Backends

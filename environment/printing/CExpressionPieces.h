@@ -56,7 +56,11 @@ protected:
     void setPrecedence(Precedence precedence) { m_precedence = precedence; }
 
     /// Texts and children of the node that is being visited.
+    void text(const char* text) { m_out->text(text, *m_node); }
     void text(std::string text) { m_out->text(std::move(text), *m_node); }
+    void name(const std::string& name) { m_out->name(name, *m_node); }
+    /// Source text with the names that expressions below the node mention as pieces for these.
+    void sourceText(const std::string& text);
     void child(const Tessel::TesselBase* node, Precedence context = Precedence::Comma) { m_out->node(node, context); }
     void type(const Tessel::Type* type) { m_out->type(type, *m_node); }
     /// The children from a number on, with commas between them, as arguments are.

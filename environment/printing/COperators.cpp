@@ -9,43 +9,43 @@ using Tessel::UnaryOperator;
 BinaryForm cFormOf(BinaryOperator operation) {
     switch (operation) {
     case BinaryOperator::Multiply:
-        return {"*", Precedence::Multiplicative};
+        return {" * ", Precedence::Multiplicative};
     case BinaryOperator::Divide:
-        return {"/", Precedence::Multiplicative};
+        return {" / ", Precedence::Multiplicative};
     case BinaryOperator::Remainder:
-        return {"%", Precedence::Multiplicative};
+        return {" % ", Precedence::Multiplicative};
     case BinaryOperator::Add:
-        return {"+", Precedence::Additive};
+        return {" + ", Precedence::Additive};
     case BinaryOperator::Subtract:
-        return {"-", Precedence::Additive};
+        return {" - ", Precedence::Additive};
     case BinaryOperator::ShiftLeft:
-        return {"<<", Precedence::Shift};
+        return {" << ", Precedence::Shift};
     case BinaryOperator::ShiftRight:
-        return {">>", Precedence::Shift};
+        return {" >> ", Precedence::Shift};
     case BinaryOperator::Less:
-        return {"<", Precedence::Relational};
+        return {" < ", Precedence::Relational};
     case BinaryOperator::Greater:
-        return {">", Precedence::Relational};
+        return {" > ", Precedence::Relational};
     case BinaryOperator::LessEqual:
-        return {"<=", Precedence::Relational};
+        return {" <= ", Precedence::Relational};
     case BinaryOperator::GreaterEqual:
-        return {">=", Precedence::Relational};
+        return {" >= ", Precedence::Relational};
     case BinaryOperator::Equal:
     case BinaryOperator::Equivalent:
-        return {"==", Precedence::Equality};
+        return {" == ", Precedence::Equality};
     case BinaryOperator::NotEqual:
     case BinaryOperator::NotEquivalent:
-        return {"!=", Precedence::Equality};
+        return {" != ", Precedence::Equality};
     case BinaryOperator::BitwiseAnd:
-        return {"&", Precedence::BitwiseAnd};
+        return {" & ", Precedence::BitwiseAnd};
     case BinaryOperator::BitwiseXor:
-        return {"^", Precedence::BitwiseXor};
+        return {" ^ ", Precedence::BitwiseXor};
     case BinaryOperator::BitwiseOr:
-        return {"|", Precedence::BitwiseOr};
+        return {" | ", Precedence::BitwiseOr};
     case BinaryOperator::LogicalAnd:
-        return {"&&", Precedence::LogicalAnd};
+        return {" && ", Precedence::LogicalAnd};
     case BinaryOperator::LogicalOr:
-        return {"||", Precedence::LogicalOr};
+        return {" || ", Precedence::LogicalOr};
     case BinaryOperator::Power:
         return {"pow", Precedence::Postfix, BinaryForm::Shape::Call};
     case BinaryOperator::Concatenate:
@@ -53,7 +53,7 @@ BinaryForm cFormOf(BinaryOperator operation) {
     case BinaryOperator::Comma:
         break;
     }
-    return {",", Precedence::Comma};
+    return {", ", Precedence::Comma};
 }
 
 UnaryForm cFormOf(UnaryOperator operation) {

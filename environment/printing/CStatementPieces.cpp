@@ -22,34 +22,50 @@ namespace Kova::Backends {
 
 using namespace Tessel;
 
+namespace {
+
+bool isLabel(const StatementBase& statement) {
+    return dynamic_cast<const CaseStatement*>(&statement) != nullptr ||
+           dynamic_cast<const LabelStatement*>(&statement) != nullptr;
+}
+
+} // namespace
+
 void CStatementPieces::body(BlockStatement* block) {
-    text(block != nullptr ? " " : ";");
+    if (block == nullptr)
+        text(";");
+    else
+        out().lineBreak(*block);
     child(block);
 }
 
-void CStatementPieces::labelEnd(const StatementBase& label) {
-    text(":");
-    const auto* block = dynamic_cast<const BlockStatement*>(label.getParent());
-    if (block == nullptr)
-        return;
+void CStatementPieces::label(const BlockStatement& block, std::size_t index) {
+    StatementBase& label = *block.getStatement(index);
+    out().unindent();
+    out().lineBreak(label);
+    child(&label);
+    out().indent();
     // Before C23 a label marks a statement, not a declaration or the end of a block.
-    const StatementBase* next = block->getStatement(label.getIndexInParent() + 1);
-    if (next == nullptr || dynamic_cast<const DeclarationStatement*>(next) != nullptr)
-        text(";");
+    const StatementBase* next = block.getStatement(index + 1);
+    if (next == nullptr || dynamic_cast<const DeclarationStatement*>(next) != nullptr) {
+        out().lineBreak(label);
+        out().text(";", label);
+    }
 }
 
 void CStatementPieces::visit(BlockStatement& node) {
-    if (node.isEmpty()) {
-        text("{}");
-        return;
-    }
     text("{");
     out().indent();
     for (std::size_t i = 0; i < node.getChildCount(); ++i) {
-        if (StatementBase* statement = node.getStatement(i)) {
-            out().lineBreak(*statement);
-            child(statement);
+        StatementBase* statement = node.getStatement(i);
+        if (statement == nullptr || getFilter().hides(*statement))
+            continue;
+        if (isLabel(*statement)) {
+            label(node, i);
+            continue;
         }
+        out().lineBreak(*statement);
+        child(statement);
     }
     out().unindent();
     out().lineBreak(node);
@@ -62,10 +78,20 @@ void CStatementPieces::visit(ExpressionStatement& node) {
 }
 
 void CStatementPieces::visit(DeclarationStatement& node) {
-    declarations(node, Sharing::Always);
+    const auto* loop = dynamic_cast<const ForStatement*>(node.getParent());
+    const bool isHeader = loop != nullptr && loop->getInitialization() == &node;
+    const auto groups = groupDeclarations(node, isHeader ? DeclarationPlace::LoopHeader : DeclarationPlace::Statement,
+                                          isHeader ? DeclarationFilter() : getFilter());
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (i != 0 && !isHeader)
+            out().lineBreak(node);
+        group(groups[i], node);
+    }
+    if (groups.empty())
+        text(";");
 }
 
-/// An else block that holds just another if continues the chain.
+/// An else block that holds just another if continues the chain: the word stands for the block, which has no braces.
 void CStatementPieces::visit(IfStatement& node) {
     text("if (");
     child(node.getCondition());
@@ -74,12 +100,15 @@ void CStatementPieces::visit(IfStatement& node) {
     BlockStatement* elseBlock = node.getElseBlock();
     if (elseBlock == nullptr)
         return;
-    out().text(" else ", *elseBlock);
-    auto* inner = dynamic_cast<IfStatement*>(elseBlock->getStatement(0));
-    if (inner != nullptr && elseBlock->getChildCount() == 1)
-        child(inner);
-    else
-        child(elseBlock);
+    if (IfStatement* next = node.getElseIf()) {
+        out().lineBreak(*next);
+        out().text("else ", *elseBlock);
+        child(next);
+        return;
+    }
+    out().lineBreak(node);
+    text("else");
+    body(elseBlock);
 }
 
 void CStatementPieces::visit(SwitchStatement& node) {
@@ -95,17 +124,17 @@ void CStatementPieces::visit(CaseStatement& node) {
     if (node.getLastValue() != nullptr)
         text(" ... ");
     child(node.getLastValue(), Precedence::Conditional);
-    labelEnd(node);
+    text(":");
 }
 
 void CStatementPieces::visit(LabelStatement& node) {
-    text(node.getName());
-    labelEnd(node);
+    name(node.getName());
+    text(":");
 }
 
 void CStatementPieces::visit(GotoStatement& node) {
     text(node.getAddress() != nullptr ? "goto *" : "goto ");
-    text(node.getLabelName());
+    name(node.getLabelName());
     child(node.getAddress());
     text(";");
 }
@@ -129,7 +158,7 @@ void CStatementPieces::visit(NullStatement& /*node*/) {
 }
 
 void CStatementPieces::visit(OpaqueStatement& node) {
-    text(toOneLine(node.getText(), textStyle()));
+    sourceText(node.getText());
 }
 
 void CStatementPieces::visit(ForStatement& node) {
@@ -156,7 +185,8 @@ void CStatementPieces::visit(WhileStatement& node) {
 void CStatementPieces::visit(DoWhileStatement& node) {
     text("do");
     body(node.getBody());
-    text(" while (");
+    out().lineBreak(node);
+    text("while (");
     child(node.getCondition());
     text(");");
 }

@@ -9,10 +9,11 @@ class BlockStatement;
 
 namespace Kova::Backends {
 
-/// How C writes statements: every statement of a block on a line of its own, bodies always in braces. Completes the
-/// language.
+/// How C writes statements: every statement of a block on a line of its own, bodies always in braces, braces on lines
+/// of their own, labels one level less deep than what they mark.
 class CStatementPieces : public CDeclarationPieces {
 public:
+    using CDeclarationPieces::CDeclarationPieces;
     using CDeclarationPieces::visit;
     void visit(Tessel::BlockStatement& node) override;
     void visit(Tessel::ExpressionStatement& node) override;
@@ -32,10 +33,10 @@ public:
     void visit(Tessel::DoWhileStatement& node) override;
 
 private:
+    /// A label of a block and what the block prints with it.
+    void label(const Tessel::BlockStatement& block, std::size_t index);
     /// What follows a header in parentheses; a lone semicolon when it is missing.
     void body(Tessel::BlockStatement* block);
-    /// The colon of a label, with an empty statement where the language wants one to mark.
-    void labelEnd(const Tessel::StatementBase& label);
 };
 
 } // namespace Kova::Backends

@@ -20,21 +20,21 @@ BinaryForm FortranPieces::formOf(BinaryOperator operation) const {
     case BinaryOperator::GreaterEqual:
         return {cFormOf(operation).symbol, Precedence::Relational, Shape::NotAssociative};
     case BinaryOperator::Equal:
-        return {"==", Precedence::Relational, Shape::NotAssociative};
+        return {" == ", Precedence::Relational, Shape::NotAssociative};
     case BinaryOperator::NotEqual:
-        return {"/=", Precedence::Relational, Shape::NotAssociative};
+        return {" /= ", Precedence::Relational, Shape::NotAssociative};
     case BinaryOperator::LogicalAnd:
-        return {".AND.", Precedence::LogicalAnd};
+        return {" .AND. ", Precedence::LogicalAnd};
     case BinaryOperator::LogicalOr:
-        return {".OR.", Precedence::LogicalOr};
+        return {" .OR. ", Precedence::LogicalOr};
     case BinaryOperator::Equivalent:
-        return {".EQV.", Precedence::Equivalent};
+        return {" .EQV. ", Precedence::Equivalent};
     case BinaryOperator::NotEquivalent:
-        return {".NEQV.", Precedence::Equivalent};
+        return {" .NEQV. ", Precedence::Equivalent};
     case BinaryOperator::Power:
-        return {"**", Precedence::Power, Shape::RightAssociative};
+        return {" ** ", Precedence::Power, Shape::RightAssociative};
     case BinaryOperator::Concatenate:
-        return {"//", Precedence::Concatenation};
+        return {" // ", Precedence::Concatenation};
     case BinaryOperator::Remainder:
         return {"MOD", Precedence::Postfix, Shape::Call};
     case BinaryOperator::ShiftLeft:

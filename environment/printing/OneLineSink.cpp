@@ -3,13 +3,16 @@
 
 namespace Kova::Backends {
 
-void OneLineSink::write(const std::string& text, Tessel::TesselBase& /*node*/) {
+void OneLineSink::write(const char* text, Tessel::TesselBase& /*node*/) {
     m_line += text;
 }
 
 void OneLineSink::breakLine(Tessel::TesselBase& /*node*/) {
-    m_line += ' ';
+    if (!m_line.empty() && m_line.back() != '(')
+        m_line += ' ';
 }
+
+void OneLineSink::skipLine(Tessel::TesselBase& /*node*/) {}
 
 void OneLineSink::changeIndent(int /*levels*/) {}
 

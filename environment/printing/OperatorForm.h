@@ -18,6 +18,7 @@ struct BinaryForm {
         Call
     };
 
+    /// With the blanks around it; a call's without.
     const char* symbol;
     Precedence precedence;
     Shape shape = Shape::LeftAssociative;

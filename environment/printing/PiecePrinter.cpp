@@ -4,7 +4,6 @@
 #include "environment/printing/PieceLanguage.h"
 #include "environment/printing/PieceSink.h"
 
-#include <cstring>
 #include <utility>
 
 namespace Kova::Backends {
@@ -16,25 +15,40 @@ namespace {
 bool wouldMerge(char last, char first) {
     if (last == '/')
         return first == '/' || first == '*';
-    return last == first && std::strchr("+-&", last) != nullptr;
+    return last == first && (last == '+' || last == '-' || last == '&');
+}
+
+Piece textPiece(const char* text, Tessel::TesselBase& node) {
+    Piece piece{};
+    piece.kind = Piece::Kind::Text;
+    piece.length = 1;
+    piece.node = &node;
+    piece.text = text;
+    return piece;
 }
 
 } // namespace
 
 void PiecePrinter::print(const Tessel::TesselBase& root) {
-    m_expanded.node(&root);
+    PieceList pieces;
+    pieces.node(&root);
+    print(std::move(pieces));
+}
+
+void PiecePrinter::print(PieceList&& pieces) {
+    m_expanded.append(std::move(pieces));
     schedule();
     while (!m_pending.empty()) {
-        Piece piece = std::move(m_pending.back());
+        const Piece piece = m_pending.back();
         m_pending.pop_back();
         printPiece(piece);
     }
 }
 
-void PiecePrinter::printPiece(Piece& piece) {
+void PiecePrinter::printPiece(const Piece& piece) {
     switch (piece.kind) {
     case Piece::Kind::Text:
-        write(piece.text, *piece.node);
+        write(piece);
         break;
     case Piece::Kind::Node:
         expandNode(*piece.node, piece.context);
@@ -46,6 +60,9 @@ void PiecePrinter::printPiece(Piece& piece) {
     case Piece::Kind::LineBreak:
         m_sink.breakLine(*piece.node);
         m_lastCharacter = ' ';
+        break;
+    case Piece::Kind::EmptyLine:
+        m_sink.skipLine(*piece.node);
         break;
     case Piece::Kind::Indent:
         m_sink.changeIndent(1);
@@ -60,24 +77,24 @@ void PiecePrinter::expandNode(Tessel::TesselBase& node, Precedence context) {
     const Precedence precedence = m_language.expand(node, m_expanded);
     const bool parenthesized = precedence < context;
     if (parenthesized)
-        m_pending.push_back({Piece::Kind::Text, &node, ")"});
+        m_pending.push_back(textPiece(")", node));
     schedule();
     if (parenthesized)
-        write("(", node);
+        write(textPiece("(", node));
 }
 
-void PiecePrinter::write(const std::string& text, Tessel::TesselBase& node) {
-    if (wouldMerge(m_lastCharacter, text.front()))
-        m_sink.write(" ", node);
-    m_sink.write(text, node);
-    m_lastCharacter = text.back();
+void PiecePrinter::write(const Piece& piece) {
+    if (wouldMerge(m_lastCharacter, *piece.text))
+        m_sink.write(" ", *piece.node);
+    m_sink.write(piece.text, *piece.node);
+    if (piece.length != 0)
+        m_lastCharacter = piece.text[piece.length - 1];
 }
 
 void PiecePrinter::schedule() {
-    std::vector<Piece>& pieces = m_expanded.getPieces();
-    for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece)
-        m_pending.push_back(std::move(*piece));
-    m_expanded.clear();
+    const std::vector<Piece>& pieces = m_expanded.getPieces();
+    m_pending.insert(m_pending.end(), pieces.rbegin(), pieces.rend());
+    m_expanded.clearPieces();
 }
 
 } // namespace Kova::Backends

@@ -3,7 +3,6 @@
 
 #include "environment/printing/PieceList.h"
 
-#include <string>
 #include <vector>
 
 namespace Kova::Backends {
@@ -20,11 +19,12 @@ public:
     PiecePrinter(PieceLanguage& language, PieceSink& sink) : m_language(language), m_sink(sink) {}
 
     void print(const Tessel::TesselBase& root);
+    void print(PieceList&& pieces);
 
 private:
-    void printPiece(Piece& piece);
+    void printPiece(const Piece& piece);
     void expandNode(Tessel::TesselBase& node, Precedence context);
-    void write(const std::string& text, Tessel::TesselBase& node);
+    void write(const Piece& piece);
     /// Moves what is expanded in front of what is left to print.
     void schedule();
 

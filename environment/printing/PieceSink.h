@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 namespace Kova::Tessel {
 class TesselBase;
 }
@@ -15,10 +13,12 @@ class PieceSink {
 public:
     virtual ~PieceSink() = default;
 
-    /// @param text not empty, without line ends.
-    virtual void write(const std::string& text, Tessel::TesselBase& node) = 0;
+    /// @param text without line ends; empty for a node that the language gives no text of its own.
+    virtual void write(const char* text, Tessel::TesselBase& node) = 0;
     /// The node opens a new line.
     virtual void breakLine(Tessel::TesselBase& node) = 0;
+    /// The node opens a new line that stays empty.
+    virtual void skipLine(Tessel::TesselBase& node) = 0;
     /// Lines opened from here on stand that many levels deeper. @param levels 1 or -1.
     virtual void changeIndent(int levels) = 0;
 

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+
 namespace Kova::Backends {
 
 /// How tightly an expression holds together, loosest first: an operand that is looser than its place asks for stands in
 /// parentheses. One scale serves C and Fortran, so that what one language has not still has its place among the
 /// operators of the other: C has nothing at Equivalent, Not, Concatenation and Power, Fortran compares at Relational
 /// only and has the signs at Additive.
-enum class Precedence {
+enum class Precedence : std::uint8_t {
     Comma,
     Assignment,
     Conditional,

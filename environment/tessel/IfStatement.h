@@ -20,6 +20,13 @@ public:
     [[nodiscard]] ExpressionBase* getCondition() const { return childAs<ExpressionBase>(0); }
     [[nodiscard]] BlockStatement* getThenBlock() const { return childAs<BlockStatement>(1); }
     [[nodiscard]] BlockStatement* getElseBlock() const { return childAs<BlockStatement>(2); }
+    /// The branch of an `else if`; null for any other else and without one. Its else block is written as the word
+    /// alone, without braces.
+    [[nodiscard]] IfStatement* getElseIf() const {
+        const BlockStatement* block = getElseBlock();
+        const bool holdsOne = block != nullptr && block->getChildCount() == 1;
+        return holdsOne ? dynamic_cast<IfStatement*>(block->getStatement(0)) : nullptr;
+    }
 };
 
 } // namespace Kova::Tessel

@@ -56,10 +56,10 @@ protected:
 };
 
 TEST_F(CStatementPiecesTest, WritesStatementExpressions) {
-    EXPECT_EQ(print(), "({})");
+    EXPECT_EQ(print(), "({ })");
     EXPECT_EQ(print(statement(a())), "({ a; })");
     EXPECT_EQ(print(statement(assign(a(), b())), statement(a())), "({ a = b; a; })");
-    EXPECT_EQ(print(block(statement(a())), block()), "({ { a; } {} })");
+    EXPECT_EQ(print(block(statement(a())), block()), "({ { a; } { } })");
 }
 
 TEST_F(CStatementPiecesTest, WritesSimpleStatements) {
@@ -75,13 +75,13 @@ TEST_F(CStatementPiecesTest, WritesSimpleStatements) {
 
 TEST_F(CStatementPiecesTest, WritesBranches) {
     EXPECT_EQ(print(make<IfStatement>(a(), block(statement(b())), nullptr)), "({ if (a) { b; } })");
-    EXPECT_EQ(print(make<IfStatement>(a(), block(), block(statement(c())))), "({ if (a) {} else { c; } })");
+    EXPECT_EQ(print(make<IfStatement>(a(), block(), block(statement(c())))), "({ if (a) { } else { c; } })");
     StatementPtr inner = make<IfStatement>(b(), block(), block());
     EXPECT_EQ(print(make<IfStatement>(a(), block(), block(std::move(inner)))),
-              "({ if (a) {} else if (b) {} else {} })");
+              "({ if (a) { } else if (b) { } else { } })");
     inner = make<IfStatement>(b(), block(), nullptr);
     EXPECT_EQ(print(make<IfStatement>(a(), block(), block(std::move(inner), statement(c())))),
-              "({ if (a) {} else { if (b) {} c; } })");
+              "({ if (a) { } else { if (b) { } c; } })");
     EXPECT_EQ(print(make<IfStatement>(nullptr, nullptr, nullptr)), "({ if (); })");
 }
 
@@ -94,21 +94,21 @@ TEST_F(CStatementPiecesTest, WritesSwitches) {
 
 TEST_F(CStatementPiecesTest, GivesALabelAStatementToMark) {
     EXPECT_EQ(print(make<LabelStatement>("again"), statement(a())), "({ again: a; })");
-    EXPECT_EQ(print(make<LabelStatement>("end")), "({ end:; })");
-    EXPECT_EQ(print(make<LabelStatement>("here"), declareHere(variable("i", intType))), "({ here:; int i; })");
+    EXPECT_EQ(print(make<LabelStatement>("end")), "({ end: ; })");
+    EXPECT_EQ(print(make<LabelStatement>("here"), declareHere(variable("i", intType))), "({ here: ; int i; })");
 }
 
 TEST_F(CStatementPiecesTest, WritesLoops) {
     EXPECT_EQ(print(make<WhileStatement>(a(), block(statement(b())))), "({ while (a) { b; } })");
     EXPECT_EQ(print(make<DoWhileStatement>(block(statement(b())), a())), "({ do { b; } while (a); })");
-    EXPECT_EQ(print(make<ForStatement>(nullptr, nullptr, nullptr, block())), "({ for (;;) {} })");
+    EXPECT_EQ(print(make<ForStatement>(nullptr, nullptr, nullptr, block())), "({ for (;;) { } })");
     EXPECT_EQ(print(make<ForStatement>(statement(assign(a(), b())), binary(a(), BinaryOperator::Less, c()),
                                        unary(UnaryOperator::PostIncrement, a()), block(statement(b())))),
               "({ for (a = b; a < c; a++) { b; } })");
     EXPECT_EQ(print(make<ForStatement>(
                   declareHere(variable("i", intType, literal("0")), variable("p", types.pointer(intType), a())),
                   nullptr, a(), block())),
-              "({ for (int i = 0, *p = a;; a) {} })");
+              "({ for (int i = 0, *p = a;; a) { } })");
 }
 
 TEST_F(CStatementPiecesTest, SharesSpecifiers) {

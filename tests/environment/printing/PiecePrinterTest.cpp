@@ -26,12 +26,16 @@ namespace {
 
 class Recorder final : public Backends::PieceSink {
 public:
-    void write(const std::string& text, TesselBase& node) override {
-        m_lines.back() += "[" + text + "]";
+    void write(const char* text, TesselBase& node) override {
+        m_lines.back() += "[" + std::string(text) + "]";
         m_piecesOf[&node].push_back(text);
     }
     void breakLine(TesselBase& node) override {
         m_lines.emplace_back(static_cast<std::size_t>(m_depth), '>');
+        m_openers.push_back(&node);
+    }
+    void skipLine(TesselBase& node) override {
+        m_lines.emplace_back();
         m_openers.push_back(&node);
     }
     void changeIndent(int levels) override { m_depth += levels; }
@@ -83,12 +87,12 @@ TEST_F(PiecePrinterTest, OpensALineForEachStatement) {
     auto branch = std::make_unique<IfStatement>(a(), block(statement(b())), nullptr);
     IfStatement& condition = *branch;
     const StatementExpression root(block(std::move(branch), statement(c())));
-    EXPECT_EQ(print(root).m_lines,
-              (std::vector<std::string>{"[(][{]", ">[if (][a][)][ ][{]", ">>[b][;]", ">[}]", ">[c][;]", "[}][)]"}));
+    EXPECT_EQ(print(root).m_lines, (std::vector<std::string>{"[(]", "[{]", ">[if (][a][)]", ">[{]", ">>[b][;]", ">[}]",
+                                                             ">[c][;]", "[}][)]"}));
     BlockStatement& outer = *root.getBlock();
     BlockStatement& then = *condition.getThenBlock();
-    EXPECT_EQ(m_recorder.m_openers,
-              (std::vector<TesselBase*>{&condition, then.getStatement(0), &then, outer.getStatement(1), &outer}));
+    EXPECT_EQ(m_recorder.m_openers, (std::vector<TesselBase*>{&outer, &condition, &then, then.getStatement(0), &then,
+                                                              outer.getStatement(1), &outer}));
     EXPECT_EQ(m_recorder.m_depth, 0);
 }
 

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "environment/printing/CUnitPieces.h"
+
+#include "environment/printing/CDeclarator.h"
+#include "environment/printing/DeclarationHead.h"
+#include "environment/tessel/EnumDeclaration.h"
+#include "environment/tessel/ModuleDeclaration.h"
+#include "environment/tessel/RecordDeclaration.h"
+#include "environment/tessel/SubroutineDeclaration.h"
+#include "environment/tessel/TranslationUnit.h"
+#include "environment/tessel/VariableDeclaration.h"
+
+namespace Kova::Backends {
+
+using namespace Tessel;
+
+namespace {
+
+/// What stands together without an empty line in between; long ones stand alone.
+enum class Paragraph { Variable, Prototype, Type, Other, Long };
+
+bool isDefinition(const TypeDeclaration* type) {
+    const auto* record = dynamic_cast<const RecordDeclaration*>(type);
+    const auto* enumeration = dynamic_cast<const EnumDeclaration*>(type);
+    return (record != nullptr && record->isComplete()) || (enumeration != nullptr && enumeration->isComplete());
+}
+
+Paragraph paragraphOf(const DeclarationGroup& group) {
+    const DeclarationBase& first = *group.declarators.front();
+    const TypeDeclaration* behind = CDeclarator::declarationBehind(DeclarationHead::typeOf(first));
+    const bool definesUnnamed = isDefinition(behind) && behind->getName().empty();
+    if (isDefinition(group.definition) || definesUnnamed)
+        return Paragraph::Long;
+    if (const auto* type = dynamic_cast<const TypeDeclaration*>(&first))
+        return isDefinition(type) ? Paragraph::Long : Paragraph::Type;
+    if (const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(&first))
+        return subroutine->hasImplementation() ? Paragraph::Long : Paragraph::Prototype;
+    return dynamic_cast<const VariableDeclaration*>(&first) != nullptr ? Paragraph::Variable : Paragraph::Other;
+}
+
+} // namespace
+
+void CUnitPieces::includes(TranslationUnit& unit, bool& isFirst) {
+    if (getFilter().hidesIncludes() || unit.getSourceLanguage() != LANG_C)
+        return;
+    for (const std::string& spelling : unit.getSystemIncludes()) {
+        if (!isFirst)
+            out().lineBreak(unit);
+        isFirst = false;
+        text("#include ");
+        name(spelling);
+    }
+}
+
+void CUnitPieces::declarations(TesselBase& holder, bool& isFirst) {
+    Paragraph last = Paragraph::Long;
+    for (const DeclarationGroup& each : groupDeclarations(holder, DeclarationPlace::File, getFilter())) {
+        DeclarationBase& first = *each.declarators.front();
+        const Paragraph paragraph = paragraphOf(each);
+        if (!isFirst && (paragraph != last || paragraph == Paragraph::Long))
+            out().emptyLine(holder);
+        if (!isFirst)
+            out().lineBreak(first);
+        group(each, first);
+        isFirst = false;
+        last = paragraph;
+    }
+}
+
+void CUnitPieces::visit(TranslationUnit& node) {
+    bool isFirst = true;
+    includes(node, isFirst);
+    declarations(node, isFirst);
+}
+
+void CUnitPieces::visit(ModuleDeclaration& node) {
+    text("MODULE " + node.getName());
+    out().indent();
+    bool isFirst = false;
+    declarations(node, isFirst);
+    out().unindent();
+    out().lineBreak(node);
+    text("END MODULE " + node.getName());
+}
+
+} // namespace Kova::Backends

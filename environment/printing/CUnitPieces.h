@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/printing/CStatementPieces.h"
+
+namespace Kova::Backends {
+
+/// How C writes whole files: system headers, then declarations, functions and definitions of types apart from each
+/// other by empty lines. Completes the language.
+class CUnitPieces : public CStatementPieces {
+public:
+    using CStatementPieces::CStatementPieces;
+    using CStatementPieces::visit;
+    void visit(Tessel::TranslationUnit& node) override;
+    /// C has no modules; one reads as a Fortran module around C's declarations.
+    void visit(Tessel::ModuleDeclaration& node) override;
+
+private:
+    /// @param isFirst true when nothing stands on the current line yet.
+    void includes(Tessel::TranslationUnit& unit, bool& isFirst);
+    void declarations(Tessel::TesselBase& holder, bool& isFirst);
+};
+
+} // namespace Kova::Backends

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "environment/printing/NamesInText.h"
+
+#include "environment/tessel/EnumeratorDeclaration.h"
+#include "environment/tessel/EnumeratorReference.h"
+#include "environment/tessel/SubroutineDeclaration.h"
+#include "environment/tessel/SubroutineReference.h"
+#include "environment/tessel/VariableDeclaration.h"
+#include "environment/tessel/VariableReference.h"
+#include "environment/tessel/service/Preorder.h"
+
+#include <cctype>
+#include <cstddef>
+#include <vector>
+
+namespace Kova::Backends {
+
+using namespace Tessel;
+
+namespace {
+
+struct Word {
+    std::size_t begin;
+    std::size_t length;
+    TesselBase* owner;
+};
+
+bool isWordCharacter(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return std::isalnum(byte) != 0 || c == '_' || c == '$' || byte >= 0x80;
+}
+
+/// True for the name of a member, which is no variable's.
+bool followsMemberAccess(const std::string& text, std::size_t begin) {
+    return begin != 0 && (text[begin - 1] == '.' || text.compare(begin < 2 ? 0 : begin - 2, 2, "->") == 0);
+}
+
+/// The words outside of character and string constants that can be a variable's name.
+std::vector<Word> wordsOf(const std::string& text) {
+    std::vector<Word> words;
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t end = i + 1;
+        if (text[i] == '"' || text[i] == '\'') {
+            while (end < text.size() && text[end] != text[i])
+                end += text[end] == '\\' ? 2 : 1;
+            ++end;
+        } else if (isWordCharacter(text[i])) {
+            while (end < text.size() && isWordCharacter(text[end]))
+                ++end;
+            if (!followsMemberAccess(text, i))
+                words.push_back({i, end - i, nullptr});
+        }
+        i = end;
+    }
+    return words;
+}
+
+/// The name that an expression consists of; null for any other node.
+const std::string* nameIn(const TesselBase& node) {
+    if (const auto* variable = dynamic_cast<const VariableReference*>(&node))
+        return &variable->getVariable().getName();
+    if (const auto* subroutine = dynamic_cast<const SubroutineReference*>(&node))
+        return &subroutine->getSubroutine().getName();
+    if (const auto* enumerator = dynamic_cast<const EnumeratorReference*>(&node))
+        return &enumerator->getEnumerator().getName();
+    return nullptr;
+}
+
+/// @return false when there is no word left for the node.
+bool claimWord(std::vector<Word>& words, const std::string& text, TesselBase& node) {
+    const std::string* name = nameIn(node);
+    if (name == nullptr)
+        return false;
+    for (Word& word : words) {
+        if (word.owner == nullptr && text.compare(word.begin, word.length, *name) == 0) {
+            word.owner = &node;
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+PieceList splitAtNames(const std::string& text, TesselBase& node) {
+    PieceList pieces;
+    std::vector<Word> words = wordsOf(text);
+    for (TesselBase& below : Service::Preorder(node))
+        if (&below != &node && !claimWord(words, text, below))
+            pieces.nothing(below);
+    std::size_t done = 0;
+    for (const Word& word : words) {
+        if (word.owner == nullptr)
+            continue;
+        pieces.text(text.substr(done, word.begin - done), node);
+        pieces.text(text.substr(word.begin, word.length), *word.owner);
+        done = word.begin + word.length;
+    }
+    pieces.text(text.substr(done), node);
+    return pieces;
+}
+
+} // namespace Kova::Backends
