@@ -6,6 +6,7 @@
 #include "shell/messages/MessageLog.h"
 #include "shell/pictures/Gallery.h"
 #include "shell/pictures/Picture.h"
+#include "shell/program/PrintedText.h"
 #include "shell/program/ProgramListing.h"
 #include "shell/program/SourceReader.h"
 #include "shell/views/ViewDescription.h"
@@ -43,6 +44,8 @@ ExitStatus BatchRun::run() {
         status = std::max(status, list());
     if (m_program.isEmpty())
         return status;
+    if (m_options.print)
+        status = std::max(status, print());
     if (m_options.isAboutOneView())
         status = std::max(status, showView());
     if (!m_options.exportDirectory.isEmpty())
@@ -52,6 +55,14 @@ ExitStatus BatchRun::run() {
 
 ExitStatus BatchRun::list() const {
     return printJson(listProgram(m_program));
+}
+
+ExitStatus BatchRun::print() const {
+    const FoundSubject found = SubjectFinder(m_program).find(m_options.subject, SubjectPreference());
+    if (found.error.isEmpty())
+        return printOut(printedTextOf(found.subject)) ? Done : FileFailure;
+    printMessage(found.error);
+    return WrongUsage;
 }
 
 ExitStatus BatchRun::showView() const {

@@ -21,6 +21,7 @@ public:
 
 private:
     [[nodiscard]] ExitStatus list() const;
+    [[nodiscard]] ExitStatus print() const;
     [[nodiscard]] ExitStatus showView() const;
     [[nodiscard]] ExitStatus showSubject(const ViewKind& kind, const Subject& subject) const;
     [[nodiscard]] ExitStatus writeGallery() const;

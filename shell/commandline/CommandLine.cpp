@@ -31,7 +31,7 @@ void addOptions(QCommandLineParser& parser) {
     parser.addOption(valued("std"));
     parser.addOption(shortAndValued("I"));
     parser.addOption(shortAndValued("D"));
-    for (const char* flag : {"describe", "list", "help", "version"})
+    for (const char* flag : {"describe", "list", "print", "help", "version"})
         parser.addOption(QCommandLineOption(flag));
 }
 
@@ -79,6 +79,7 @@ Options readOptions(const QCommandLineParser& parser) {
     options.exportDirectory = parser.value("export-all");
     options.describe = parser.isSet("describe");
     options.list = parser.isSet("list");
+    options.print = parser.isSet("print");
     options.reading.includeDirectories = toBytes(parser.values("I"));
     options.reading.definitions = toBytes(parser.values("D"));
     options.reading.standard = parser.value("std").toStdString();
@@ -94,13 +95,16 @@ QString checkTogether(const Options& options) {
         return "--export needs --view";
     if (options.describe && options.view.isEmpty())
         return "--describe needs --view";
-    if (options.describe && options.list)
-        return "--describe and --list both print on standard output: give one of them";
+    if (static_cast<int>(options.describe) + static_cast<int>(options.list) + static_cast<int>(options.print) > 1)
+        return "--describe, --list and --print all print on standard output: give one of them";
     if (!options.exportFile.isEmpty() && !pictureFormatOf(options.exportFile))
         return QString("cannot export to '%1': its suffix is none of %2").arg(options.exportFile, pictureSuffixes());
     const bool hasSubject = !options.subject.function.isEmpty() || options.subject.line;
-    if (options.isBatch() && !options.isAboutOneView() && (hasSubject || !options.view.isEmpty()))
-        return "--view, --function and --line go with --export, --describe or the window";
+    const bool isOffered = !options.isBatch() || options.isAboutOneView();
+    if (!isOffered && !options.view.isEmpty())
+        return "--view goes with --export, --describe or the window";
+    if (!isOffered && !options.print && hasSubject)
+        return "--function and --line go with --export, --describe, --print or the window";
     if (options.isBatch() && options.files.isEmpty())
         return "there is no file to read";
     return SourceReader(options.reading).checkOptions();
@@ -146,6 +150,8 @@ Without a window:
   --export-all DIR   write every view of everything that it applies to into
                      DIR, as PNG and SVG, with an index.html
   --describe         print the view's nodes and edges as JSON; needs --view
+  --print            print the text of the program, of --function or of the
+                     statement on --line, as C that compiles
   --list             print the program as JSON: files, subroutines, loops,
                      diagnostics
 

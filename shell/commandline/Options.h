@@ -20,12 +20,13 @@ struct Options {
     QString exportDirectory;
     bool describe = false;
     bool list = false;
+    bool print = false;
     Frontends::COptions reading;
     QStringList files;
 
     /// True when the work is done without a window.
     [[nodiscard]] bool isBatch() const {
-        return describe || list || !exportFile.isEmpty() || !exportDirectory.isEmpty();
+        return describe || list || print || !exportFile.isEmpty() || !exportDirectory.isEmpty();
     }
     /// True when one view of one subject is asked for without a window.
     [[nodiscard]] bool isAboutOneView() const { return describe || !exportFile.isEmpty(); }
