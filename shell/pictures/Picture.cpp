@@ -6,9 +6,7 @@
 
 #include <QBuffer>
 #include <QImageWriter>
-#include <QPainter>
 #include <QRegularExpression>
-#include <QSvgGenerator>
 
 namespace Kova::Shell {
 
@@ -29,20 +27,10 @@ QByteArray withSizeInPixels(const QByteArray& svg, const QSize& size) {
     return svg.left(place) + pixels.toUtf8() + svg.mid(place + found.size());
 }
 
-/// The resolution of the screen's fonts makes labels as large as in an image.
 EncodedPicture encodeSvg(GUI::GraphWidgetBase& widget) {
     QBuffer buffer;
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setResolution(widget.logicalDpiY());
-    generator.setSize(widget.getGraphSize());
-    generator.setViewBox(QRect(QPoint(0, 0), widget.getGraphSize()));
-    generator.setTitle(GUI::GraphWidgetBase::tr("Graph Visualization"));
-    QPainter painter;
-    if (!painter.begin(&generator))
+    if (!widget.renderSvg(buffer))
         return {{}, "the picture cannot be drawn as SVG"};
-    widget.drawGraph(painter);
-    painter.end();
     return {withSizeInPixels(buffer.data(), widget.getGraphSize()), {}};
 }
 

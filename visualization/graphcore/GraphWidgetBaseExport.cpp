@@ -11,8 +11,12 @@ namespace Kova::GUI {
 
 namespace {
 
+/// The resolution of the screen's fonts makes labels as large as in an image, and the view box lets programs show one
+/// graph unit as one of their pixels, whatever they take a millimetre for.
 bool paintSvg(GraphWidgetBase& widget, QSvgGenerator& generator) {
+    generator.setResolution(widget.logicalDpiY());
     generator.setSize(widget.getGraphSize());
+    generator.setViewBox(QRect(QPoint(0, 0), widget.getGraphSize()));
     generator.setTitle(GraphWidgetBase::tr("Graph Visualization"));
     QPainter painter;
     if (!painter.begin(&generator))

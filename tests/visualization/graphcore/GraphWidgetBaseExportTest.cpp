@@ -164,6 +164,7 @@ private Q_SLOTS:
         QString title;
         QString width;
         QString height;
+        QString viewBox;
         bool red = false;
         while (!reader.atEnd()) {
             if (reader.readNext() != QXmlStreamReader::StartElement)
@@ -172,15 +173,17 @@ private Q_SLOTS:
             if (reader.name() == QLatin1String("svg")) {
                 width = reader.attributes().value(QLatin1String("width")).toString();
                 height = reader.attributes().value(QLatin1String("height")).toString();
+                viewBox = reader.attributes().value(QLatin1String("viewBox")).toString();
             } else if (reader.name() == QLatin1String("title")) {
                 title = reader.readElementText();
             }
         }
         QVERIFY(!reader.hasError());
         QCOMPARE(title, QStringLiteral("Graph Visualization"));
-        // At 72 units an inch.
-        QCOMPARE(width, QStringLiteral("50.8mm"));
-        QCOMPARE(height, QStringLiteral("25.4mm"));
+        const double millimetres = 25.4 / probe.logicalDpiY();
+        QCOMPARE(width, QStringLiteral("%1mm").arg(144 * millimetres));
+        QCOMPARE(height, QStringLiteral("%1mm").arg(72 * millimetres));
+        QCOMPARE(viewBox, QStringLiteral("0 0 144 72"));
         QVERIFY(red);
     }
 
