@@ -10,6 +10,7 @@
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
+#include "environment/tessel/types/DeclaredType.h"
 #include "environment/tessel/types/FunctionType.h"
 
 #include <utility>
@@ -29,11 +30,22 @@ std::string headOfType(const TypeDeclaration& declaration, const char* keyword) 
     return head;
 }
 
-/// The function type with nothing known of its parameters; null when it is of another kind.
-const FunctionType* asOldStyle(const Type* type) {
-    const auto* function = dynamic_cast<const FunctionType*>(type);
-    const bool isOld = function != nullptr && function->getParametersKind() == FunctionType::Parameters::Unspecified;
-    return isOld ? function : nullptr;
+/// A body needs its parameters named: a definition cannot leave its type to a typedef.
+const Type* writtenTypeOf(const SubroutineDeclaration& subroutine) {
+    const Type* type = subroutine.getType();
+    while (subroutine.hasImplementation() && type != nullptr && type->getKind() == Type::Kind::Declared) {
+        const auto& declaration = static_cast<const DeclaredType&>(*type).getDeclaration();
+        const auto* alias = dynamic_cast<const TypedefDeclaration*>(&declaration);
+        if (alias == nullptr)
+            break;
+        type = alias->getType();
+    }
+    return type;
+}
+
+bool isOldStyleDefinition(const SubroutineDeclaration& subroutine, const FunctionType* type) {
+    return subroutine.hasImplementation() && type != nullptr &&
+           type->getParametersKind() == FunctionType::Parameters::Unspecified;
 }
 
 } // namespace
@@ -136,10 +148,10 @@ void CDeclarationPieces::visit(EnumDeclaration& node) {
     text("}");
 }
 
-PieceList CDeclarationPieces::headOf(SubroutineDeclaration& node, bool isOldStyle) const {
+PieceList CDeclarationPieces::headOf(SubroutineDeclaration& node, const FunctionType* function) const {
     PieceList head;
     head.name(node.getName(), node);
-    const auto* function = dynamic_cast<const FunctionType*>(node.getType());
+    const bool isOldStyle = isOldStyleDefinition(node, function);
     if (function == nullptr || node.getParameterCount() == 0)
         return head;
     head.text("(", node);
@@ -159,11 +171,12 @@ PieceList CDeclarationPieces::headOf(SubroutineDeclaration& node, bool isOldStyl
 /// would pass other types.
 void CDeclarationPieces::visit(SubroutineDeclaration& node) {
     text(DeclarationHead::wordsBefore(node));
-    const auto* function = dynamic_cast<const FunctionType*>(node.getType());
-    const bool isOldStyle = asOldStyle(node.getType()) != nullptr && node.hasImplementation();
+    const Type* type = writtenTypeOf(node);
+    const auto* function = dynamic_cast<const FunctionType*>(type);
+    const bool isOldStyle = isOldStyleDefinition(node, function);
     const bool hasParameters = function != nullptr && node.getParameterCount() != 0;
-    out().append(CDeclarator::declarationPieces(hasParameters ? function->getResult() : node.getType(),
-                                                headOf(node, isOldStyle), node));
+    out().append(
+        CDeclarator::declarationPieces(hasParameters ? function->getResult() : type, headOf(node, function), node));
     text(DeclarationHead::wordsBehind(node));
     for (std::size_t i = 0; isOldStyle && i < node.getParameterCount(); ++i) {
         if (VariableDeclaration* parameter = node.getParameter(i)) {

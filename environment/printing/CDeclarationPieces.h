@@ -41,7 +41,8 @@ private:
     /// The name with what its type puts around it and what follows it.
     [[nodiscard]] PieceList declaratorOf(Tessel::DeclarationBase& declaration) const;
     /// A function's name and parameters, without result type and body.
-    [[nodiscard]] PieceList headOf(Tessel::SubroutineDeclaration& node, bool isOldStyle) const;
+    /// @param function null when the type is not known as a function's.
+    [[nodiscard]] PieceList headOf(Tessel::SubroutineDeclaration& node, const Tessel::FunctionType* function) const;
 
     DeclarationFilter m_filter;
 };

@@ -3,6 +3,7 @@
 
 #include "environment/printing/CDeclarator.h"
 #include "environment/printing/COperators.h"
+#include "environment/printing/ClearParentheses.h"
 #include "environment/printing/NamesInText.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
@@ -20,6 +21,7 @@
 #include "environment/tessel/MemberExpression.h"
 #include "environment/tessel/OpaqueExpression.h"
 #include "environment/tessel/SectionExpression.h"
+#include "environment/tessel/StatementBase.h"
 #include "environment/tessel/StatementExpression.h"
 #include "environment/tessel/SubroutineCallExpression.h"
 #include "environment/tessel/SubroutineDeclaration.h"
@@ -45,6 +47,36 @@ std::string compoundForm(BinaryOperator operation) {
     if (!form.empty() && form.back() == ' ')
         form.pop_back();
     return form + "= ";
+}
+
+const InitializerListExpression* asList(const TesselBase* value) {
+    if (const auto* designated = dynamic_cast<const DesignatedInitializerExpression*>(value))
+        value = designated->getValue();
+    return dynamic_cast<const InitializerListExpression*>(value);
+}
+
+/// How many values of a long list stand on a line: one that is a list itself, or a row of plain ones. 0 for a list
+/// that is short enough for the line that it is on.
+std::size_t valuesALine(const InitializerListExpression& list) {
+    constexpr std::size_t mostLists = 2;
+    constexpr std::size_t row = 16;
+    std::size_t lists = 0;
+    for (std::size_t i = 0; i < list.getChildCount() && lists <= mostLists; ++i)
+        lists += asList(list.getChild(i)) != nullptr ? 1U : 0U;
+    if (lists > mostLists)
+        return 1;
+    return list.getChildCount() > row ? row : 0;
+}
+
+/// The statement or declaration that an expression belongs to, which opens the lines that it goes on; the outermost
+/// node where there is none.
+TesselBase& openerFor(TesselBase& expression) {
+    TesselBase* node = &expression;
+    while (node->getParent() != nullptr && dynamic_cast<const ExpressionBase*>(node) != nullptr)
+        node = node->getParent();
+    // Among statements the statement says more than its declaration.
+    auto* statement = dynamic_cast<StatementBase*>(node->getParent());
+    return statement != nullptr && dynamic_cast<const DeclarationBase*>(node) != nullptr ? *statement : *node;
 }
 
 } // namespace
@@ -75,6 +107,10 @@ void CExpressionPieces::arguments(std::size_t firstChild) {
             text(", ");
         child(m_node->getChild(i), Precedence::Assignment);
     }
+}
+
+void CExpressionPieces::operand(BinaryOperator operation, const ExpressionBase* operand, Precedence context) {
+    child(operand, isClear() && isClearerInParentheses(operation, operand) ? Precedence::Primary : context);
 }
 
 void CExpressionPieces::sourceText(const std::string& text) {
@@ -132,9 +168,9 @@ void CExpressionPieces::visit(BinaryExpression& node) {
         return;
     }
     const Precedence same = form.precedence;
-    child(node.getLeft(), form.shape == Shape::LeftAssociative ? same : tighter(same));
+    operand(node.getOperator(), node.getLeft(), form.shape == Shape::LeftAssociative ? same : tighter(same));
     text(form.symbol);
-    child(node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
+    operand(node.getOperator(), node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
 }
 
 void CExpressionPieces::visit(AssignmentExpression& node) {
@@ -224,7 +260,28 @@ void CExpressionPieces::visit(TypeQueryExpression& node) {
     child(node.getOperand(), Precedence::Unary);
 }
 
+void CExpressionPieces::valuesInRows(InitializerListExpression& node, std::size_t row) {
+    TesselBase& opener = openerFor(node);
+    text("{");
+    out().indent();
+    for (std::size_t i = 0; i < node.getChildCount(); ++i) {
+        if (i % row == 0)
+            out().lineBreak(opener);
+        child(node.getChild(i), Precedence::Assignment);
+        const bool isLast = i + 1 == node.getChildCount();
+        text(isLast ? "" : (i + 1) % row == 0 ? "," : ", ");
+    }
+    out().unindent();
+    out().lineBreak(opener);
+    text("}");
+}
+
 void CExpressionPieces::visit(InitializerListExpression& node) {
+    const std::size_t row = valuesALine(node);
+    if (row != 0) {
+        valuesInRows(node, row);
+        return;
+    }
     const bool isEmpty = node.getChildCount() == 0;
     text(isEmpty ? "{}" : "{ ");
     arguments(0);

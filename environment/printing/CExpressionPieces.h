@@ -50,6 +50,8 @@ protected:
     [[nodiscard]] virtual TextStyle textStyle() const { return TextStyle::C; }
     /// How loosely a number with a sign of its own holds together.
     [[nodiscard]] virtual Precedence signedNumber() const { return Precedence::Unary; }
+    /// True to set, beside the parentheses that the precedences need, those that make a text clearer.
+    [[nodiscard]] virtual bool isClear() const { return false; }
 
     /// The pieces of the node that is being visited.
     [[nodiscard]] PieceList& out() { return *m_out; }
@@ -65,8 +67,12 @@ protected:
     void type(const Tessel::Type* type) { m_out->type(type, *m_node); }
     /// The children from a number on, with commas between them, as arguments are.
     void arguments(std::size_t firstChild);
+    /// An operand of the node that is being visited, in parentheses where these make it clearer.
+    void operand(Tessel::BinaryOperator operation, const Tessel::ExpressionBase* operand, Precedence context);
 
 private:
+    void valuesInRows(Tessel::InitializerListExpression& node, std::size_t row);
+
     PieceList* m_out = nullptr;
     Tessel::TesselBase* m_node = nullptr;
     Precedence m_precedence = Precedence::Primary;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/printing/CStatementPieces.h"
 
+#include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/BreakStatement.h"
 #include "environment/tessel/CaseStatement.h"
@@ -30,6 +31,11 @@ bool isLabel(const StatementBase& statement) {
 }
 
 } // namespace
+
+void CStatementPieces::condition(const ExpressionBase* condition) {
+    const bool isAssigned = isClear() && dynamic_cast<const AssignmentExpression*>(condition) != nullptr;
+    child(condition, isAssigned ? Precedence::Primary : Precedence::Comma);
+}
 
 void CStatementPieces::body(BlockStatement* block) {
     if (block == nullptr)
@@ -94,7 +100,7 @@ void CStatementPieces::visit(DeclarationStatement& node) {
 /// An else block that holds just another if continues the chain: the word stands for the block, which has no braces.
 void CStatementPieces::visit(IfStatement& node) {
     text("if (");
-    child(node.getCondition());
+    condition(node.getCondition());
     text(")");
     body(node.getThenBlock());
     BlockStatement* elseBlock = node.getElseBlock();
@@ -168,7 +174,7 @@ void CStatementPieces::visit(ForStatement& node) {
     else
         text(";");
     text(node.getCondition() != nullptr ? " " : "");
-    child(node.getCondition());
+    condition(node.getCondition());
     text(node.getIncrement() != nullptr ? "; " : ";");
     child(node.getIncrement());
     text(")");
@@ -177,7 +183,7 @@ void CStatementPieces::visit(ForStatement& node) {
 
 void CStatementPieces::visit(WhileStatement& node) {
     text("while (");
-    child(node.getCondition());
+    condition(node.getCondition());
     text(")");
     body(node.getBody());
 }
@@ -187,7 +193,7 @@ void CStatementPieces::visit(DoWhileStatement& node) {
     body(node.getBody());
     out().lineBreak(node);
     text("while (");
-    child(node.getCondition());
+    condition(node.getCondition());
     text(");");
 }
 

@@ -35,6 +35,8 @@ public:
 private:
     /// A label of a block and what the block prints with it.
     void label(const Tessel::BlockStatement& block, std::size_t index);
+    /// What decides a branch or loop. An assignment there is clearer in parentheses.
+    void condition(const Tessel::ExpressionBase* condition);
     /// What follows a header in parentheses; a lone semicolon when it is missing.
     void body(Tessel::BlockStatement* block);
 };

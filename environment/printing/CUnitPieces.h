@@ -15,6 +15,9 @@ public:
     /// C has no modules; one reads as a Fortran module around C's declarations.
     void visit(Tessel::ModuleDeclaration& node) override;
 
+protected:
+    [[nodiscard]] bool isClear() const override { return true; }
+
 private:
     /// @param isFirst true when nothing stands on the current line yet.
     void includes(Tessel::TranslationUnit& unit, bool& isFirst);

@@ -20,6 +20,7 @@ protected:
     [[nodiscard]] BinaryForm formOf(Tessel::BinaryOperator operation) const override;
     [[nodiscard]] UnaryForm formOf(Tessel::UnaryOperator operation) const override;
     [[nodiscard]] TextStyle textStyle() const override { return TextStyle::Fortran; }
+    [[nodiscard]] bool isClear() const override { return false; }
     [[nodiscard]] Precedence signedNumber() const override { return Precedence::Additive; }
 };
 
