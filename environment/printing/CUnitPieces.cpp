@@ -43,13 +43,17 @@ Paragraph paragraphOf(const DeclarationGroup& group) {
 void CUnitPieces::includes(TranslationUnit& unit, bool& isFirst) {
     if (getFilter().hidesIncludes() || unit.getSourceLanguage() != LANG_C)
         return;
-    for (const std::string& spelling : unit.getSystemIncludes()) {
+    const auto line = [&](const char* directive, const std::string& of) {
         if (!isFirst)
             out().lineBreak(unit);
         isFirst = false;
-        text("#include ");
-        name(spelling);
-    }
+        text(directive);
+        name(of);
+    };
+    for (const std::string& definition : unit.getSystemChoices())
+        line("#define ", definition);
+    for (const std::string& spelling : unit.getSystemIncludes())
+        line("#include ", spelling);
 }
 
 void CUnitPieces::declarations(TesselBase& holder, bool& isFirst) {

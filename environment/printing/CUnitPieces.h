@@ -5,8 +5,8 @@
 
 namespace Kova::Backends {
 
-/// How C writes whole files: system headers, then declarations, functions and definitions of types apart from each
-/// other by empty lines. Completes the language.
+/// How C writes whole files: system headers under what the file chooses of them, then declarations, functions and
+/// definitions of types apart from each other by empty lines. Completes the language.
 class CUnitPieces : public CStatementPieces {
 public:
     using CStatementPieces::CStatementPieces;

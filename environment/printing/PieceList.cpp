@@ -48,6 +48,8 @@ void PieceList::nothing(Tessel::TesselBase& node) {
 void PieceList::node(const Tessel::TesselBase* node, Precedence context) {
     if (node == nullptr)
         return;
+    // Large trees are cold memory: the nodes of a list are fetched side by side.
+    __builtin_prefetch(node);
     // Nodes are built non-const and accept visitors only so; printing changes none.
     Piece result = piece(Piece::Kind::Node, const_cast<Tessel::TesselBase*>(node));
     result.context = context;
