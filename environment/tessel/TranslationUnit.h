@@ -35,11 +35,17 @@ public:
     [[nodiscard]] const std::vector<std::string>& getSystemIncludes() const { return m_systemIncludes; }
     void appendSystemInclude(std::string spelling) { m_systemIncludes.push_back(std::move(spelling)); }
 
+    /// With what the file chooses among the things that system headers can declare: names of macros with their values,
+    /// such as `_GNU_SOURCE 1`, to be defined before the headers are included.
+    [[nodiscard]] const std::vector<std::string>& getSystemChoices() const { return m_systemChoices; }
+    void appendSystemChoice(std::string definition) { m_systemChoices.push_back(std::move(definition)); }
+
 private:
     std::string m_path;
     SourceLanguage m_language;
     std::vector<DeclarationPtr> m_externals;
     std::vector<std::string> m_systemIncludes;
+    std::vector<std::string> m_systemChoices;
 };
 
 } // namespace Kova::Tessel
