@@ -40,48 +40,43 @@ Paragraph paragraphOf(const DeclarationGroup& group) {
 
 } // namespace
 
-void CUnitPieces::includes(TranslationUnit& unit, bool& isFirst) {
+CUnitPieces::Before CUnitPieces::includes(TranslationUnit& unit) {
+    Before before = Before::Nothing;
     if (getFilter().hidesIncludes() || unit.getSourceLanguage() != LANG_C)
-        return;
-    const auto line = [&](const char* directive, const std::string& of) {
-        if (!isFirst)
+        return before;
+    for (const std::string& spelling : unit.getSystemIncludes()) {
+        if (before != Before::Nothing)
             out().lineBreak(unit);
-        isFirst = false;
-        text(directive);
-        name(of);
-    };
-    for (const std::string& definition : unit.getSystemChoices())
-        line("#define ", definition);
-    for (const std::string& spelling : unit.getSystemIncludes())
-        line("#include ", spelling);
+        before = Before::Lines;
+        text("#include ");
+        name(spelling);
+    }
+    return before;
 }
 
-void CUnitPieces::declarations(TesselBase& holder, bool& isFirst) {
+void CUnitPieces::declarations(TesselBase& holder, Before before) {
     Paragraph last = Paragraph::Long;
     for (const DeclarationGroup& each : groupDeclarations(holder, DeclarationPlace::File, getFilter())) {
         DeclarationBase& first = *each.declarators.front();
         const Paragraph paragraph = paragraphOf(each);
-        if (!isFirst && (paragraph != last || paragraph == Paragraph::Long))
+        if (before == Before::Lines && (paragraph != last || paragraph == Paragraph::Long))
             out().emptyLine(holder);
-        if (!isFirst)
+        if (before != Before::Nothing)
             out().lineBreak(first);
         group(each, first);
-        isFirst = false;
+        before = Before::Lines;
         last = paragraph;
     }
 }
 
 void CUnitPieces::visit(TranslationUnit& node) {
-    bool isFirst = true;
-    includes(node, isFirst);
-    declarations(node, isFirst);
+    declarations(node, includes(node));
 }
 
 void CUnitPieces::visit(ModuleDeclaration& node) {
     text("MODULE " + node.getName());
     out().indent();
-    bool isFirst = false;
-    declarations(node, isFirst);
+    declarations(node, Before::Head);
     out().unindent();
     out().lineBreak(node);
     text("END MODULE " + node.getName());

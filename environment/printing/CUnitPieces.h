@@ -19,9 +19,12 @@ protected:
     [[nodiscard]] bool isClear() const override { return true; }
 
 private:
-    /// @param isFirst true when nothing stands on the current line yet.
-    void includes(Tessel::TranslationUnit& unit, bool& isFirst);
-    void declarations(Tessel::TesselBase& holder, bool& isFirst);
+    /// What stands before declarations: nothing, so that they begin on the current line; a head that they follow; or
+    /// lines that they stand apart from.
+    enum class Before { Nothing, Head, Lines };
+
+    [[nodiscard]] Before includes(Tessel::TranslationUnit& unit);
+    void declarations(Tessel::TesselBase& holder, Before before);
 };
 
 } // namespace Kova::Backends

@@ -3,6 +3,7 @@
 
 #include "environment/printing/CDeclarator.h"
 #include "environment/tessel/FieldDeclaration.h"
+#include "environment/tessel/ModuleDeclaration.h"
 #include "environment/tessel/OpaqueDeclaration.h"
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TypedefDeclaration.h"
@@ -109,6 +110,7 @@ bool canShare(const DeclarationBase& a, const DeclarationBase& b) {
 bool endsWithSemicolon(const DeclarationBase& declaration) {
     const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(&declaration);
     return dynamic_cast<const OpaqueDeclaration*>(&declaration) == nullptr &&
+           dynamic_cast<const ModuleDeclaration*>(&declaration) == nullptr &&
            (subroutine == nullptr || !subroutine->hasImplementation());
 }
 

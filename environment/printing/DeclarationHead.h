@@ -23,7 +23,7 @@ namespace Kova::Backends::DeclarationHead {
 /// Neighbours that differ in their declarators only can share what stands before these.
 [[nodiscard]] bool canShare(const Tessel::DeclarationBase& a, const Tessel::DeclarationBase& b);
 
-/// False for what brings its own end: a function with its body, source text.
+/// False for what brings its own end: a function with its body, a module, source text.
 [[nodiscard]] bool endsWithSemicolon(const Tessel::DeclarationBase& declaration);
 
 } // namespace Kova::Backends::DeclarationHead

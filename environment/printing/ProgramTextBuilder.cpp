@@ -59,7 +59,6 @@ bool needsEnd(const TesselBase& root) {
     const auto* declaration = dynamic_cast<const DeclarationBase*>(&root);
     const auto* variable = dynamic_cast<const VariableDeclaration*>(&root);
     const bool isPart = dynamic_cast<const EnumeratorDeclaration*>(&root) != nullptr ||
-                        dynamic_cast<const ModuleDeclaration*>(&root) != nullptr ||
                         (variable != nullptr && variable->isParameter());
     return declaration != nullptr && !isPart && Backends::DeclarationHead::endsWithSemicolon(*declaration);
 }
