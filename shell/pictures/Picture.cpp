@@ -23,7 +23,9 @@ QByteArray withSizeInPixels(const QByteArray& svg, const QSize& size) {
     const int place = found.isEmpty() ? -1 : svg.indexOf(found);
     if (place < 0)
         return svg;
-    const QString pixels = QString("<svg width=\"%1\" height=\"%2\"").arg(size.width()).arg(size.height());
+    // White as an image, also where a program shows pictures on a dark page.
+    const QString pixels =
+        QString("<svg width=\"%1\" height=\"%2\" style=\"background:white\"").arg(size.width()).arg(size.height());
     return svg.left(place) + pixels.toUtf8() + svg.mid(place + found.size());
 }
 
