@@ -66,6 +66,8 @@ void CommandLineTest::batchOptions() {
     QVERIFY(parse({"--list", "a.c"}).options.list);
     QVERIFY(parse({"--list", "a.c"}).options.isBatch());
     QVERIFY(!parse({"--list", "a.c"}).options.isAboutOneView());
+    QVERIFY(parse({"--print", "--function", "f", "a.c"}).options.print);
+    QVERIFY(parse({"--print", "a.c"}).options.isBatch());
     QCOMPARE(parse({"--export-all", "out", "a.c"}).options.exportDirectory, QString("out"));
     QVERIFY(parse({"--export-all", "out", "a.c"}).options.isBatch());
 }
@@ -85,7 +87,7 @@ void CommandLineTest::afterTwoDashesComeFiles() {
 void CommandLineTest::helpNamesEveryOption() {
     const QString help = helpText();
     for (const char* option : {"--view NAME", "--function NAME", "--line N", "--export FILE", "--export-all DIR",
-                               "--describe", "--list", "-I DIR", "-D NAME[=VALUE]", "--std STD", "--help", "--version",
+                               "--describe", "--print", "--list", "-I DIR", "-D NAME[=VALUE]", "--std STD", "--help", "--version",
                                "call-graph", ".png .xpm .svg", "Exit status"})
         QVERIFY2(help.contains(option), option);
     for (const QString& line : help.split('\n'))
@@ -102,7 +104,9 @@ void CommandLineTest::wrongUsage_data() {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("inMessage");
     QTest::newRow("unknown option") << QStringList{"--config", "x", "a.c"} << "config";
-    QTest::newRow("print is not there") << QStringList{"--print", "a.c"} << "print";
+    QTest::newRow("print without files") << QStringList{"--print"} << "no file";
+    QTest::newRow("text and list") << QStringList{"--print", "--list", "a.c"} << "--print";
+    QTest::newRow("text of a view") << QStringList{"--print", "--view", "call-graph", "a.c"} << "--view";
     QTest::newRow("value missing") << QStringList{"--view"} << "view";
     QTest::newRow("flag with a value") << QStringList{"--list=yes", "a.c"} << "list";
     QTest::newRow("empty value") << QStringList{"--function=", "a.c"} << "--function needs a value";
