@@ -44,13 +44,17 @@ CUnitPieces::Before CUnitPieces::includes(TranslationUnit& unit) {
     Before before = Before::Nothing;
     if (getFilter().hidesIncludes() || unit.getSourceLanguage() != LANG_C)
         return before;
-    for (const std::string& spelling : unit.getSystemIncludes()) {
+    const auto line = [&](const char* directive, const std::string& of) {
         if (before != Before::Nothing)
             out().lineBreak(unit);
         before = Before::Lines;
-        text("#include ");
-        name(spelling);
-    }
+        text(directive);
+        name(of);
+    };
+    for (const std::string& definition : unit.getSystemChoices())
+        line("#define ", definition);
+    for (const std::string& spelling : unit.getSystemIncludes())
+        line("#include ", spelling);
     return before;
 }
 
