@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frontends/c/ClangSession_p.h"
 #include "frontends/c/DiagnosticCollector_p.h"
+#include "frontends/c/FallThroughComments_p.h"
 #include "frontends/c/IncludeRecorder_p.h"
 #include "frontends/c/Invocation_p.h"
 #include "frontends/c/UnitBuilder_p.h"
@@ -32,20 +33,23 @@ struct BuildResult {
 /// Builds the tree when Clang has parsed the whole file. An exception must not pass through Clang's frames: it is kept.
 class BuildingConsumer final : public clang::ASTConsumer {
 public:
-    BuildingConsumer(Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit, BuildResult& result)
-        : m_program(program),
+    BuildingConsumer(const ParsedText& parsed, Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit,
+                     BuildResult& result)
+        : m_parsed(parsed),
+          m_program(program),
           m_unit(unit),
           m_result(result) {}
 
     void HandleTranslationUnit(clang::ASTContext& context) override {
         try {
-            m_result.foundAny = buildUnit(context, m_program, m_unit);
+            m_result.foundAny = buildUnit(context, m_parsed, m_program, m_unit);
         } catch (...) {
             m_result.failure = std::current_exception();
         }
     }
 
 private:
+    ParsedText m_parsed;
     Tessel::ProgramUnit& m_program;
     Tessel::TranslationUnit& m_unit;
     BuildResult& m_result;
@@ -68,8 +72,11 @@ protected:
                                                           llvm::StringRef /*file*/) override {
         if (m_unit == nullptr)
             return std::make_unique<clang::ASTConsumer>();
-        compiler.getPreprocessor().addPPCallbacks(recordSystemIncludes(compiler.getSourceManager(), *m_unit));
-        return std::make_unique<BuildingConsumer>(m_program, *m_unit, m_result);
+        clang::Preprocessor& preprocessor = compiler.getPreprocessor();
+        preprocessor.addPPCallbacks(recordSystemIncludes(preprocessor, *m_unit));
+        preprocessor.addCommentHandler(&m_fallThrough);
+        return std::make_unique<BuildingConsumer>(ParsedText{preprocessor, m_fallThrough}, m_program, *m_unit,
+                                                  m_result);
     }
 
     /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
@@ -85,6 +92,7 @@ private:
     Tessel::ProgramUnit& m_program;
     Tessel::TranslationUnit* m_unit;
     BuildResult m_result;
+    FallThroughComments m_fallThrough;
 };
 
 std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std::string>& line,

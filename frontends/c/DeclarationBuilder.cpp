@@ -7,11 +7,13 @@
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
+#include "frontends/c/Packing_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Attr.h>
 #include <clang/AST/Decl.h>
+#include <clang/AST/DeclCXX.h>
 #include <llvm/Support/raw_ostream.h>
 
 namespace Kova::Frontends {
@@ -20,20 +22,25 @@ using namespace Tessel;
 
 namespace {
 
+/// What the node of a function says itself.
 bool isNoReturn(const clang::Attr& attribute) {
-    return llvm::isa<clang::NoReturnAttr, clang::C11NoReturnAttr, clang::CXX11NoReturnAttr>(attribute);
+    return llvm::isa<clang::C11NoReturnAttr, clang::CXX11NoReturnAttr>(attribute);
 }
 
-/// The attributes that the source gives this declaration, without those that Clang adds or passes on. That a function
-/// does not return is said by its node, whichever way the source says it.
+/// The attributes that the source gives this declaration, without those that Clang adds or passes on.
 std::string attributesOf(const clang::Decl& declaration, const clang::PrintingPolicy& policy) {
-    std::string text;
-    llvm::raw_string_ostream stream(text);
-    for (const clang::Attr* attribute : declaration.attrs())
-        if (!attribute->isImplicit() && !attribute->isInherited() && !isNoReturn(*attribute))
-            attribute->printPretty(stream, policy);
-    stream.flush();
-    return llvm::StringRef(text).trim().str();
+    std::string all;
+    for (const clang::Attr* attribute : declaration.attrs()) {
+        if (attribute->isImplicit() || attribute->isInherited() || isNoReturn(*attribute))
+            continue;
+        std::string text;
+        llvm::raw_string_ostream stream(text);
+        attribute->printPretty(stream, policy);
+        stream.flush();
+        const llvm::StringRef word = llvm::StringRef(text).trim();
+        all += (all.empty() || word.empty() ? "" : " ") + word.str();
+    }
+    return all;
 }
 
 StorageClass withoutThread(clang::StorageClass storage) {
@@ -60,6 +67,20 @@ StorageClass storageOf(const clang::VarDecl& variable) {
     if (storage == StorageClass::Static)
         return StorageClass::StaticThreadLocal;
     return storage == StorageClass::Extern ? StorageClass::ExternThreadLocal : StorageClass::ThreadLocal;
+}
+
+/// An array parameter keeps the dimensions that the source gives it, though it is a pointer where it is used. With
+/// qualifiers between the brackets it is the pointer: a type of arrays has no place for them.
+clang::QualType writtenTypeOf(const clang::ParmVarDecl& parameter) {
+    const clang::QualType written = parameter.getOriginalType();
+    const auto* array = llvm::dyn_cast<clang::ArrayType>(written.IgnoreParens().getTypePtr());
+    return array != nullptr && array->getIndexTypeCVRQualifiers() != 0 ? parameter.getType() : written;
+}
+
+void addAttributes(DeclarationBase& declaration, const std::string& attributes) {
+    const std::string& own = declaration.getAttributes();
+    if (!attributes.empty())
+        declaration.setAttributes(own.empty() ? attributes : own + ' ' + attributes);
 }
 
 /// Gives declarations that have their names only what else belongs to them.
@@ -101,6 +122,11 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
                                    : withoutThread(from.getStorageClass()));
     subroutine.setInline(from.isInlineSpecified());
     subroutine.setNoReturn(from.isNoReturn());
+    // Compilers hear more in GNU's attribute than in the standard's word. It may be the type's or another
+    // declaration's.
+    if (from.isNoReturn() && !from.hasAttr<clang::C11NoReturnAttr>() && !from.hasAttr<clang::CXX11NoReturnAttr>() &&
+        subroutine.getAttributes().find("noreturn") == std::string::npos)
+        addAttributes(subroutine, "__attribute__((noreturn))");
     // Parameters before the type: they own the bounds that the type only refers to.
     for (const clang::ParmVarDecl* parameter : from.parameters())
         if (DeclarationPtr made = buildDeclaration(m_context, *parameter))
@@ -117,9 +143,7 @@ void Completion::complete(const clang::VarDecl& from, VariableDeclaration& varia
     const auto* parameter = llvm::dyn_cast<clang::ParmVarDecl>(&from);
     variable.setParameter(parameter != nullptr);
     std::vector<ExpressionPtr> bounds;
-    // An array parameter keeps the dimensions that the source gives it, though it is a pointer where it is used.
-    variable.setType(
-        m_context.types.build(parameter != nullptr ? parameter->getOriginalType() : from.getType(), bounds));
+    variable.setType(m_context.types.build(parameter != nullptr ? writtenTypeOf(*parameter) : from.getType(), bounds));
     for (ExpressionPtr& bound : bounds)
         variable.appendBound(std::move(bound));
     if (!variable.isExternal())
@@ -139,6 +163,7 @@ std::unique_ptr<FieldDeclaration> Completion::makeField(const clang::FieldDecl& 
                                                     from.isBitField() ? buildExpression(m_context, from.getBitWidth())
                                                                       : nullptr);
     describe(from, *field);
+    addAttributes(*field, packingOf(from));
     m_context.declarations.add(from, *field);
     return field;
 }
@@ -150,6 +175,7 @@ void Completion::complete(const clang::RecordDecl& from, RecordDeclaration& reco
     if (!from.isThisDeclarationADefinition())
         return;
     record.setComplete(true);
+    addAttributes(record, packingOf(from));
     for (const clang::Decl* member : from.decls()) {
         if (const auto* field = llvm::dyn_cast<clang::FieldDecl>(member))
             record.append(makeField(*field));
@@ -183,6 +209,9 @@ DeclarationPtr makeOpaque(UnitContext& context, const clang::Decl& declaration) 
     std::string text = llvm::isa<clang::LabelDecl>(declaration)
                            ? "__label__ " + llvm::cast<clang::LabelDecl>(declaration).getNameAsString()
                            : context.text.textOf(declaration);
+    // Clang renders it as C23 has it.
+    if (llvm::isa<clang::StaticAssertDecl>(declaration) && text.rfind("static_assert", 0) == 0)
+        text.replace(0, 1, "_S");
     auto opaque = std::make_unique<OpaqueDeclaration>(text + ';');
     opaque->setSourceRange(context.text.rangeOf(declaration.getSourceRange()));
     return opaque;

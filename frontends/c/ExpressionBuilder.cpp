@@ -6,6 +6,7 @@
 #include "environment/tessel/ConditionalExpression.h"
 #include "environment/tessel/DesignatedInitializerExpression.h"
 #include "environment/tessel/EnumeratorReference.h"
+#include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/GenericSelectionExpression.h"
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/LabelAddressExpression.h"
@@ -38,11 +39,7 @@ public:
     explicit ExpressionVisitor(UnitContext& context) : m_context(context) {}
 
     ExpressionPtr VisitStmt(const clang::Stmt* expression) {
-        auto opaque = makeOpaque(*expression);
-        for (const clang::Stmt* child : expression->children())
-            if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
-                opaque->appendOperand(build(operand));
-        return opaque;
+        return withOperands(makeOpaque(*expression), *expression);
     }
 
     ExpressionPtr VisitExpr(const clang::Expr* expression) {
@@ -82,12 +79,27 @@ public:
     ExpressionPtr VisitAddrLabelExpr(const clang::AddrLabelExpr* address) {
         return std::make_unique<LabelAddressExpression>(address->getLabel()->getNameAsString());
     }
+    // What Clang's own headers make of atomic_load and its like is known to Clang alone.
+    ExpressionPtr VisitAtomicExpr(const clang::AtomicExpr* access) { return makeMacroUse(*access); }
     ExpressionPtr VisitVAArgExpr(const clang::VAArgExpr* argument) {
         return std::make_unique<VariadicArgumentExpression>(
             build(argument->getSubExpr()), m_context.types.build(argument->getWrittenTypeInfo()->getType()));
     }
 
 private:
+    [[nodiscard]] ExpressionPtr withOperands(std::unique_ptr<OpaqueExpression> opaque, const clang::Stmt& of) {
+        for (const clang::Stmt* child : of.children())
+            if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+                opaque->appendOperand(build(operand));
+        return opaque;
+    }
+    /// The use of a system header's macro as it is written.
+    [[nodiscard]] ExpressionPtr makeMacroUse(const clang::Expr& expression) {
+        std::string use = m_context.text.macroUseOf(expression);
+        if (use.empty())
+            return VisitStmt(&expression);
+        return withOperands(std::make_unique<OpaqueExpression>(std::move(use)), expression);
+    }
     [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
     [[nodiscard]] std::unique_ptr<OpaqueExpression> makeOpaque(const clang::Stmt& expression) const {
         return std::make_unique<OpaqueExpression>(m_context.text.textOf(expression));
@@ -125,7 +137,16 @@ ExpressionPtr ExpressionVisitor::VisitBinaryOperator(const clang::BinaryOperator
     return std::make_unique<AssignmentExpression>(std::move(target), build(binary->getRHS()), operation);
 }
 
+/// True for the helpers behind the macros of Clang's <stdatomic.h> and <tgmath.h>, which no other compiler has.
+bool isOfClangAlone(const clang::CallExpr& call) {
+    const clang::FunctionDecl* function = call.getDirectCallee();
+    return function != nullptr && function->getIdentifier() != nullptr &&
+           (function->getName().starts_with("__c11_") || function->getName().starts_with("__tg_"));
+}
+
 ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
+    if (isOfClangAlone(*call))
+        return makeMacroUse(*call);
     auto result = std::make_unique<SubroutineCallExpression>(build(call->getCallee()));
     for (const clang::Expr* argument : call->arguments())
         result->appendArgument(build(argument));
@@ -137,12 +158,15 @@ ExpressionPtr ExpressionVisitor::VisitMemberExpr(const clang::MemberExpr* member
     FieldDeclaration* field = meant != nullptr ? m_context.declarations.field(*meant) : nullptr;
     if (field == nullptr)
         return VisitStmt(member);
-    // The source does not write the steps through unnamed members.
+    // The source does not write the steps through unnamed members, nor those that a macro takes which is named as the
+    // member and would take them again: `sa_handler` means `__sigaction_handler.sa_handler`.
     const clang::MemberExpr* outermost = member;
-    while (const auto* unnamed = llvm::dyn_cast<clang::MemberExpr>(&skipInvisible(*outermost->getBase()))) {
-        if (!unnamed->getMemberDecl()->getDeclName().isEmpty())
+    const bool isMacro = m_context.text.isMacroOf(member->getMemberLoc(), field->getName());
+    while (const auto* step = llvm::dyn_cast<clang::MemberExpr>(&skipInvisible(*outermost->getBase()))) {
+        const bool isInMacro = isMacro && m_context.text.isSameUse(step->getMemberLoc(), member->getMemberLoc());
+        if (!isInMacro && !step->getMemberDecl()->getDeclName().isEmpty())
             break;
-        outermost = unnamed;
+        outermost = step;
     }
     const auto access =
         outermost->isArrow() ? MemberExpression::Access::ThroughPointer : MemberExpression::Access::Direct;
@@ -190,6 +214,9 @@ ExpressionPtr ExpressionVisitor::VisitInitListExpr(const clang::InitListExpr* li
 ExpressionPtr ExpressionVisitor::VisitDesignatedInitExpr(const clang::DesignatedInitExpr* designated) {
     auto result = std::make_unique<DesignatedInitializerExpression>(build(designated->getInit()));
     for (const clang::DesignatedInitExpr::Designator& designator : designated->designators()) {
+        // Clang names the members without a name on the way as well.
+        if (designator.isFieldDesignator() && designator.getFieldName() == nullptr)
+            continue;
         if (designator.isFieldDesignator())
             result->appendField(designator.getFieldName()->getName().str());
         else if (designator.isArrayDesignator())

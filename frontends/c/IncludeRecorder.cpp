@@ -3,7 +3,10 @@
 #include "frontends/c/IncludeRecorder_p.h"
 
 #include <clang/Basic/SourceManager.h>
+#include <clang/Lex/MacroInfo.h>
 #include <clang/Lex/PPCallbacks.h>
+#include <clang/Lex/Preprocessor.h>
+#include <llvm/ADT/MapVector.h>
 
 #include <set>
 
@@ -11,11 +14,39 @@ namespace Kova::Frontends {
 
 namespace {
 
+/// A name that the language keeps for compilers and their libraries.
+bool isReserved(llvm::StringRef name) {
+    return name.size() > 1 && name[0] == '_' && (name[1] == '_' || (name[1] >= 'A' && name[1] <= 'Z'));
+}
+
 class IncludeRecorder final : public clang::PPCallbacks {
 public:
-    IncludeRecorder(const clang::SourceManager& sources, Tessel::TranslationUnit& unit)
-        : m_sources(sources),
+    IncludeRecorder(const clang::Preprocessor& preprocessor, Tessel::TranslationUnit& unit)
+        : m_preprocessor(preprocessor),
+          m_sources(preprocessor.getSourceManager()),
           m_unit(unit) {}
+
+    /// Only what stands before the first system header can have a say in what it declares.
+    void MacroDefined(const clang::Token& name, const clang::MacroDirective* directive) override {
+        const clang::MacroInfo& macro = *directive->getMacroInfo();
+        const clang::SourceLocation place = macro.getDefinitionLoc();
+        const bool isProgramText =
+            place.isValid() && !m_sources.isWrittenInBuiltinFile(place) && !m_sources.isWrittenInCommandLineFile(place);
+        if (m_seen.empty() && isProgramText && macro.isObjectLike() && isReserved(name.getIdentifierInfo()->getName()))
+            m_choices[name.getIdentifierInfo()] = &macro;
+    }
+
+    void MacroUndefined(const clang::Token& name, const clang::MacroDefinition& /*definition*/,
+                        const clang::MacroDirective* /*directive*/) override {
+        if (m_seen.empty())
+            m_choices.erase(name.getIdentifierInfo());
+    }
+
+    void EndOfMainFile() override {
+        for (const auto& [name, macro] : m_choices)
+            if (!m_seen.empty() && !macro->isUsedForHeaderGuard())
+                m_unit.appendSystemChoice(textOf(*name, *macro));
+    }
 
     void InclusionDirective(clang::SourceLocation hash, const clang::Token& /*directive*/, llvm::StringRef name,
                             bool isAngled, clang::CharSourceRange /*nameRange*/, clang::OptionalFileEntryRef file,
@@ -30,16 +61,25 @@ public:
     }
 
 private:
+    [[nodiscard]] std::string textOf(const clang::IdentifierInfo& name, const clang::MacroInfo& macro) const {
+        std::string text = name.getName().str();
+        for (const clang::Token& token : macro.tokens())
+            text += ' ' + m_preprocessor.getSpelling(token);
+        return text;
+    }
+
+    const clang::Preprocessor& m_preprocessor;
     const clang::SourceManager& m_sources;
     Tessel::TranslationUnit& m_unit;
     std::set<std::string> m_seen;
+    llvm::MapVector<const clang::IdentifierInfo*, const clang::MacroInfo*> m_choices;
 };
 
 } // namespace
 
-std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::SourceManager& sources,
+std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::Preprocessor& preprocessor,
                                                          Tessel::TranslationUnit& unit) {
-    return std::make_unique<IncludeRecorder>(sources, unit);
+    return std::make_unique<IncludeRecorder>(preprocessor, unit);
 }
 
 } // namespace Kova::Frontends

@@ -5,7 +5,7 @@
 
 namespace clang {
 class PPCallbacks;
-class SourceManager;
+class Preprocessor;
 } // namespace clang
 
 namespace Kova::Tessel {
@@ -15,8 +15,9 @@ class TranslationUnit;
 namespace Kova::Frontends {
 
 /// Notes in the unit which system headers its own files name, in the order of the directives, each spelling once.
-/// What system headers include in turn is theirs and is not noted.
-[[nodiscard]] std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::SourceManager& sources,
+/// What system headers include in turn is theirs and is not noted. Notes as well with which reserved macros, such as
+/// `_GNU_SOURCE`, the files choose what these headers declare; what the command line defines is not the program's.
+[[nodiscard]] std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::Preprocessor& preprocessor,
                                                                        Tessel::TranslationUnit& unit);
 
 } // namespace Kova::Frontends

@@ -87,6 +87,11 @@ std::vector<std::string> makeCommandLine(const COptions& options, const std::str
                                      "-ferror-limit=0", "-fbracket-depth=30000",
                                      // A header may be looked at on its own.
                                      "-Wno-pragma-once-outside-header"};
+    // Old programs that the system's compiler takes with a warning are programs; who asks for the standard gets it.
+    if (options.standard.empty() || options.standard.rfind("gnu", 0) == 0)
+        for (const char* tolerated : {"implicit-function-declaration", "implicit-int", "int-conversion",
+                                      "incompatible-function-pointer-types", "return-mismatch"})
+            line.push_back(std::string("-Wno-error=") + tolerated);
     if (resourceDirectory.empty())
         line.push_back("-nobuiltininc");
     else

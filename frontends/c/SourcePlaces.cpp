@@ -4,17 +4,22 @@
 
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Decl.h>
+#include <clang/AST/Expr.h>
 #include <clang/AST/Stmt.h>
 #include <clang/Basic/SourceManager.h>
 #include <clang/Lex/Lexer.h>
+#include <clang/Lex/MacroInfo.h>
+#include <clang/Lex/Preprocessor.h>
 #include <llvm/Support/raw_ostream.h>
 
 #include <tuple>
 
 namespace Kova::Frontends {
 
-SourcePlaces::SourcePlaces(const clang::ASTContext& context, Tessel::ProgramUnit& program)
+SourcePlaces::SourcePlaces(const clang::ASTContext& context, const clang::Preprocessor& preprocessor,
+                           Tessel::ProgramUnit& program)
     : m_context(context),
+      m_preprocessor(preprocessor),
       m_sources(context.getSourceManager()),
       m_program(program) {}
 
@@ -63,7 +68,77 @@ std::string SourcePlaces::fileText(clang::SourceRange range) const {
     bool invalid = false;
     const llvm::StringRef text = clang::Lexer::getSourceText(clang::CharSourceRange::getTokenRange(range), m_sources,
                                                              m_context.getLangOpts(), &invalid);
-    return invalid ? std::string() : text.str();
+    return invalid || holdsPreprocessing(text.str()) ? std::string() : text.str();
+}
+
+bool SourcePlaces::isMacroOfProgram(const clang::IdentifierInfo& name) const {
+    if (!name.hadMacroDefinition())
+        return false;
+    const clang::MacroDirective* directive = m_preprocessor.getLocalMacroDirectiveHistory(&name);
+    for (; directive != nullptr; directive = directive->getPrevious())
+        if (const auto* definition = llvm::dyn_cast<clang::DefMacroDirective>(directive))
+            if (!isExternal(definition->getInfo()->getDefinitionLoc()))
+                return true;
+    return false;
+}
+
+/// The program's macros are not printed: what mentions one cannot stay as it is written.
+bool SourcePlaces::holdsPreprocessing(const std::string& text) const {
+    clang::Lexer lexer(clang::SourceLocation(), m_context.getLangOpts(), text.c_str(), text.c_str(),
+                       text.c_str() + text.size());
+    clang::Token token;
+    for (bool isLast = false; !isLast;) {
+        isLast = lexer.LexFromRawLexer(token);
+        if (token.is(clang::tok::hash) && token.isAtStartOfLine())
+            return true;
+        if (!token.is(clang::tok::raw_identifier))
+            continue;
+        const auto known = m_context.Idents.find(token.getRawIdentifier());
+        if (known != m_context.Idents.end() && isMacroOfProgram(*known->second))
+            return true;
+    }
+    return false;
+}
+
+std::string SourcePlaces::macroUseOf(const clang::Expr& expression) const {
+    const clang::SourceLocation begin = expression.getBeginLoc();
+    if (!begin.isMacroID() || !isExternal(m_sources.getSpellingLoc(begin)))
+        return {};
+    const clang::CharSourceRange use = m_sources.getImmediateExpansionRange(begin);
+    if (use.getBegin().isMacroID() || use.getEnd().isMacroID())
+        return {};
+    std::string text = clang::Lexer::getSourceText(use, m_sources, m_context.getLangOpts()).str();
+    if (!holdsPreprocessing(text.substr(text.find('(') + 1)))
+        return text;
+    std::map<unsigned, std::string> arguments;
+    collectArguments(expression, m_sources.getFileID(begin), arguments);
+    text.erase(text.find('(') + 1);
+    for (const auto& [place, argument] : arguments)
+        text += (text.back() == '(' ? "" : ", ") + argument;
+    return text + ')';
+}
+
+/// Maps the places of a macro's arguments to what they mean.
+void SourcePlaces::collectArguments(const clang::Stmt& node, clang::FileID use,
+                                    std::map<unsigned, std::string>& arguments) const {
+    const clang::SourceLocation begin = node.getBeginLoc();
+    if (m_sources.isMacroArgExpansion(begin) &&
+        m_sources.getFileID(m_sources.getImmediateExpansionRange(begin).getBegin()) == use) {
+        arguments.emplace(m_sources.getFileOffset(m_sources.getFileLoc(begin)), textOf(node));
+        return;
+    }
+    for (const clang::Stmt* child : node.children())
+        if (child != nullptr)
+            collectArguments(*child, use, arguments);
+}
+
+bool SourcePlaces::isMacroOf(clang::SourceLocation location, const std::string& name) const {
+    return location.isMacroID() && m_sources.isMacroBodyExpansion(location) &&
+           clang::Lexer::getImmediateMacroName(location, m_sources, m_context.getLangOpts()) == name;
+}
+
+bool SourcePlaces::isSameUse(clang::SourceLocation a, clang::SourceLocation b) const {
+    return a.isMacroID() && b.isMacroID() && m_sources.getFileID(a) == m_sources.getFileID(b);
 }
 
 std::string SourcePlaces::textOf(const clang::Stmt& node) const {

@@ -7,12 +7,16 @@
 #include <clang/Basic/SourceLocation.h>
 #include <llvm/ADT/DenseMap.h>
 
+#include <map>
 #include <memory>
 #include <string>
 
 namespace clang {
 class ASTContext;
 class Decl;
+class Expr;
+class IdentifierInfo;
+class Preprocessor;
 class SourceManager;
 class Stmt;
 } // namespace clang
@@ -27,7 +31,8 @@ namespace Kova::Frontends {
 /// written; all else that comes of a macro stands where the macro is used.
 class SourcePlaces {
 public:
-    SourcePlaces(const clang::ASTContext& context, Tessel::ProgramUnit& program);
+    SourcePlaces(const clang::ASTContext& context, const clang::Preprocessor& preprocessor,
+                 Tessel::ProgramUnit& program);
 
     [[nodiscard]] Tessel::SourceRange rangeOf(clang::SourceRange range);
 
@@ -38,11 +43,22 @@ public:
     [[nodiscard]] std::string textOf(const clang::Stmt& node) const;
     [[nodiscard]] std::string textOf(const clang::Decl& node) const;
 
+    /// The use of a system header's macro that an expression is all of; empty when it is none.
+    [[nodiscard]] std::string macroUseOf(const clang::Expr& expression) const;
+    /// True for a place in the body of a macro of that name.
+    [[nodiscard]] bool isMacroOf(clang::SourceLocation location, const std::string& name) const;
+    /// True for two places that come of one use of a macro.
+    [[nodiscard]] bool isSameUse(clang::SourceLocation a, clang::SourceLocation b) const;
+
     /// True for what no file of the user's holds: in a system header, or built into the compiler.
     [[nodiscard]] bool isExternal(clang::SourceLocation location) const;
 
 private:
+    /// Empty for what does not stand in a file as it is, such as a macro's expansion or what holds one.
     [[nodiscard]] std::string fileText(clang::SourceRange range) const;
+    [[nodiscard]] bool isMacroOfProgram(const clang::IdentifierInfo& name) const;
+    [[nodiscard]] bool holdsPreprocessing(const std::string& text) const;
+    void collectArguments(const clang::Stmt& node, clang::FileID use, std::map<unsigned, std::string>& arguments) const;
     struct File {
         const Tessel::SourceFile* file = nullptr;
         LineTable lines;
@@ -50,6 +66,7 @@ private:
     [[nodiscard]] File& fileOf(clang::FileID file);
 
     const clang::ASTContext& m_context;
+    const clang::Preprocessor& m_preprocessor;
     const clang::SourceManager& m_sources;
     Tessel::ProgramUnit& m_program;
     llvm::DenseMap<clang::FileID, std::unique_ptr<File>> m_files;

@@ -14,6 +14,7 @@
 #include "environment/tessel/ReturnStatement.h"
 #include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/WhileStatement.h"
+#include "frontends/c/FallThroughComments_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/Decl.h>
@@ -49,9 +50,12 @@ public:
     StatementPtr VisitStmt(const clang::Stmt* statement) {
         return makeOpaque(*statement, m_context.text.textOf(*statement));
     }
-    // Clang's range of an assembly ends before its semicolon.
+    // Clang's range of an assembly ends before its semicolon, its rendering behind it.
     StatementPtr VisitAsmStmt(const clang::AsmStmt* statement) {
-        return makeOpaque(*statement, m_context.text.textOf(*statement) + ';');
+        std::string text = m_context.text.textOf(*statement);
+        if (text.empty() || text.back() != ';')
+            text += ';';
+        return makeOpaque(*statement, std::move(text));
     }
     StatementPtr VisitExpr(const clang::Expr* expression) {
         return std::make_unique<ExpressionStatement>(buildExpression(m_context, *expression));
@@ -93,6 +97,7 @@ private:
     const clang::Stmt* appendNamed(BlockStatement& block, const clang::LabelStmt& label);
     /// Appends the labels before a statement and gives the statement that they mark.
     const clang::Stmt& appendLabels(BlockStatement& block, const clang::Stmt& statement);
+    void appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next);
     StatementPtr makeOpaque(const clang::Stmt& statement, std::string text);
     void appendOperands(OpaqueStatement& opaque, const clang::Stmt& of);
 
@@ -145,6 +150,22 @@ void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statemen
         block.append(buildPlain(*marked));
 }
 
+/// Comments are not kept, but compilers read this one: it becomes the attribute that says the same.
+void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next) {
+    const clang::SourceManager& sources = m_context.clang.getSourceManager();
+    const clang::SourceRange comment = m_context.fallThrough.findBetween(
+        sources.getExpansionRange(last.getEndLoc()).getEnd(), sources.getExpansionLoc(next.getBeginLoc()), sources);
+    const StatementBase* before = block.getStatement(block.getChildCount() - 1);
+    const bool goesOn = dynamic_cast<const BreakStatement*>(before) == nullptr &&
+                        dynamic_cast<const ReturnStatement*>(before) == nullptr &&
+                        dynamic_cast<const GotoStatement*>(before) == nullptr &&
+                        dynamic_cast<const ContinueStatement*>(before) == nullptr;
+    if (!goesOn || comment.isInvalid())
+        return;
+    block.append(std::make_unique<OpaqueStatement>("__attribute__((fallthrough));"));
+    block.getStatement(block.getChildCount() - 1)->setSourceRange(m_context.text.rangeOf(comment));
+}
+
 StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {
     StatementPtr made = Visit(&statement);
     // An else knows its end from its branch: asking Clang at every level of a long chain would take its square.
@@ -156,8 +177,13 @@ StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {
 BlockPtr StatementVisitor::buildBlock(const clang::Stmt* body) {
     auto block = std::make_unique<BlockStatement>();
     if (const auto* compound = llvm::dyn_cast_or_null<clang::CompoundStmt>(body)) {
-        for (const clang::Stmt* statement : compound->body())
+        const clang::Stmt* last = nullptr;
+        for (const clang::Stmt* statement : compound->body()) {
+            if (last != nullptr && llvm::isa<clang::SwitchCase>(statement))
+                appendFallThrough(*block, *last, *statement);
             append(*block, *statement);
+            last = statement;
+        }
         block->setSourceRange(m_context.text.rangeOf(compound->getSourceRange()));
     } else if (body != nullptr) {
         append(*block, *body);

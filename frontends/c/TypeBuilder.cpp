@@ -93,8 +93,7 @@ const Type* TypeBuilder::makeArray(const clang::ArrayType& type, std::uint8_t qu
         }
     }
     const Type* element = buildInto(type.getElementType(), bounds);
-    return m_context.program.getTypes().array(element, {dimension},
-                                              static_cast<std::uint8_t>(qualifiers | type.getIndexTypeCVRQualifiers()));
+    return m_context.program.getTypes().array(element, {dimension}, qualifiers);
 }
 
 const Type* TypeBuilder::makeFunction(const clang::FunctionType& type) {
@@ -110,6 +109,18 @@ const Type* TypeBuilder::makeFunction(const clang::FunctionType& type) {
     return m_context.program.getTypes().function(buildInto(type.getReturnType(), nullptr), std::move(parameters), kind);
 }
 
+/// The source's text of a `typeof` that stands for a structure or the like without a name: to write that type out again
+/// would declare another one. Empty for any other type.
+std::string TypeBuilder::unnamedTypeOf(const clang::Type& type) const {
+    const clang::TagDecl* tag = type.getAsTagDecl();
+    if (tag == nullptr || tag->getIdentifier() != nullptr || tag->getTypedefNameForAnonDecl() != nullptr)
+        return {};
+    const auto* ofExpression = llvm::dyn_cast<clang::TypeOfExprType>(&type);
+    return ofExpression != nullptr
+               ? "__typeof__(" + m_context.text.textOf(*ofExpression->getUnderlyingExpr()->IgnoreParens()) + ')'
+               : "";
+}
+
 const Type* TypeBuilder::makeOther(const clang::Type& type, std::uint8_t qualifiers, Bounds* bounds) {
     Tessel::TypeTable& types = m_context.program.getTypes();
     const clang::QualType whole(&type, 0);
@@ -122,6 +133,8 @@ const Type* TypeBuilder::makeOther(const clang::Type& type, std::uint8_t qualifi
                            bits->isUnsigned() ? BasicType::Category::UnsignedInteger
                                               : BasicType::Category::SignedInteger,
                            bits->getNumBits(), qualifiers);
+    if (std::string text = unnamedTypeOf(type); !text.empty())
+        return types.opaque(std::move(text), qualifiers);
     // Parentheses, typeof, attributes, `struct` before a name: what they stand for counts.
     clang::QualType inner = whole.getSingleStepDesugaredType(m_context.clang);
     if (const auto* atomic = llvm::dyn_cast<clang::AtomicType>(&type)) {

@@ -38,6 +38,7 @@ private:
     const Tessel::Type* makeBuiltin(const clang::BuiltinType& type, std::uint8_t qualifiers);
     const Tessel::Type* makeArray(const clang::ArrayType& type, std::uint8_t qualifiers, Bounds* bounds);
     const Tessel::Type* makeFunction(const clang::FunctionType& type);
+    [[nodiscard]] std::string unnamedTypeOf(const clang::Type& type) const;
     const Tessel::Type* makeOther(const clang::Type& type, std::uint8_t qualifiers, Bounds* bounds);
 
     UnitContext& m_context;

@@ -32,8 +32,8 @@ bool isWorthLooking(const clang::Decl& declaration) {
 
 } // namespace
 
-bool buildUnit(clang::ASTContext& context, ProgramUnit& program, TranslationUnit& unit) {
-    UnitContext unitContext(context, program, unit);
+bool buildUnit(clang::ASTContext& context, const ParsedText& parsed, ProgramUnit& program, TranslationUnit& unit) {
+    UnitContext unitContext(context, parsed, program, unit);
     unit.setSourceRange({program.obtainSourceFile(unit.getPath()), 0, 0, 0, 0});
     bool foundAny = false;
     for (const clang::Decl* declaration : context.getTranslationUnitDecl()->decls()) {

@@ -3,7 +3,8 @@
 
 namespace clang {
 class ASTContext;
-}
+class Preprocessor;
+} // namespace clang
 
 namespace Kova::Tessel {
 class ProgramUnit;
@@ -12,10 +13,19 @@ class TranslationUnit;
 
 namespace Kova::Frontends {
 
+class FallThroughComments;
+
+/// What Clang's tree does not say of the text that it was made from.
+struct ParsedText {
+    const clang::Preprocessor& preprocessor;
+    const FallThroughComments& fallThrough;
+};
+
 /// Fills a unit with what Clang has parsed: the user's declarations in program order as its children, what they use of
 /// system headers beside them.
 /// @return false when there is nothing to look at: no declaration without an error and no function with a body.
 /// @param program owns the types and source files; the unit need not be part of it yet.
-bool buildUnit(clang::ASTContext& context, Tessel::ProgramUnit& program, Tessel::TranslationUnit& unit);
+bool buildUnit(clang::ASTContext& context, const ParsedText& parsed, Tessel::ProgramUnit& program,
+               Tessel::TranslationUnit& unit);
 
 } // namespace Kova::Frontends

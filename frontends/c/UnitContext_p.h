@@ -7,6 +7,7 @@
 #include "frontends/c/DeclarationTable_p.h"
 #include "frontends/c/SourcePlaces_p.h"
 #include "frontends/c/TypeBuilder_p.h"
+#include "frontends/c/UnitBuilder_p.h"
 
 #include <clang/AST/ASTFwd.h>
 
@@ -27,17 +28,20 @@ struct JumpTargets {
 
 /// What all builders of one translation unit share.
 struct UnitContext {
-    UnitContext(clang::ASTContext& context, Tessel::ProgramUnit& ofProgram, Tessel::TranslationUnit& ofUnit)
+    UnitContext(clang::ASTContext& context, const ParsedText& parsed, Tessel::ProgramUnit& ofProgram,
+                Tessel::TranslationUnit& ofUnit)
         : clang(context),
           program(ofProgram),
           unit(ofUnit),
-          text(context, ofProgram),
+          fallThrough(parsed.fallThrough),
+          text(context, parsed.preprocessor, ofProgram),
           types(*this),
           declarations(*this) {}
 
     clang::ASTContext& clang;
     Tessel::ProgramUnit& program;
     Tessel::TranslationUnit& unit;
+    const FallThroughComments& fallThrough;
     SourcePlaces text;
     TypeBuilder types;
     DeclarationTable declarations;

@@ -72,10 +72,11 @@ TEST(CFrontendTest, whatCanBeReadOfAFileWithErrorsIsThere) {
                                                      "block\n"
                                                      "  return 2\n");
     EXPECT_NE(reading.body().find("(= a 1)"), std::string::npos);
-    EXPECT_EQ(reading.messages(), "a.c:2:23: error: expected expression\n"
-                                  "a.c:2:32: error: call to undeclared function 'undeclared'; ISO C99 and later do not "
-                                  "support implicit function declarations\n"
-                                  "a.c:2:55: error: expected ';' after return statement\n");
+    EXPECT_EQ(reading.messages(),
+              "a.c:2:23: error: expected expression\n"
+              "a.c:2:32: warning: call to undeclared function 'undeclared'; ISO C99 and later do not "
+              "support implicit function declarations\n"
+              "a.c:2:55: error: expected ';' after return statement\n");
 }
 
 TEST(CFrontendTest, anErrorsExpressionKeepsItsOperands) {
@@ -118,13 +119,36 @@ TEST(CFrontendTest, oneBadFileDoesNotBlockTheOthers) {
 
 TEST(CFrontendTest, dialects) {
     const char* const old = "f(a) { return g(a); }\n";
-    EXPECT_EQ(Reading(old).result, Result::Partial);
-    EXPECT_EQ(Reading(old, {{}, {}, "gnu89"}).result, Result::Complete);
+    EXPECT_EQ(Reading(old, {{}, {}, "c17"}).result, Result::Partial);
+    for (const char* standard : {"", "gnu89", "gnu99", "gnu17"})
+        EXPECT_EQ(Reading(old, {{}, {}, standard}).result, Result::Complete) << standard;
+    EXPECT_EQ(Reading(old, {{}, {}, "gnu89"}).messages().find("implicit"), std::string::npos);
     EXPECT_EQ(Reading("int f(void) { typeof(1) a = 1; return a; }").result, Result::Complete);
     EXPECT_EQ(Reading("int f(void) { typeof(1) a = 1; return a; }", {{}, {}, "c99"}).result, Result::Partial);
     EXPECT_EQ(Reading("bool b = true; void* p = nullptr;", {{}, {}, "c23"}).tree(),
               "variable b bool = true\n"
               "variable p ptr(void) = (opaque `nullptr`)\n");
+}
+
+TEST(CFrontendTest, whatTheSystemsCompilerTakesIsAWarning) {
+    const std::string old = "static g;\n"
+                            "static int take(long x) { return (int) x; }\n"
+                            "int h(void) { return; }\n"
+                            "int f(void) { char *p = 5; int q = p; void (*r)(int) = take; return called(p, q, r); }\n";
+    EXPECT_EQ(Reading(old).messages(),
+              "a.c:1:8: warning: type specifier missing, defaults to 'int'; ISO C99 and later do not support implicit "
+              "int\n"
+              "a.c:3:15: warning: non-void function 'h' should return a value\n"
+              "a.c:4:21: warning: incompatible integer to pointer conversion initializing 'char *' with an expression "
+              "of type 'int'\n"
+              "a.c:4:32: warning: incompatible pointer to integer conversion initializing 'int' with an expression of "
+              "type 'char *'\n"
+              "a.c:4:46: warning: incompatible function pointer types initializing 'void (*)(int)' with an expression "
+              "of type 'int (long)'\n"
+              "a.c:4:69: warning: call to undeclared function 'called'; ISO C99 and later do not support implicit "
+              "function declarations\n");
+    EXPECT_EQ(Reading(old).result, Result::Complete);
+    EXPECT_EQ(Reading(old, {{}, {}, "c11"}).result, Result::Partial);
 }
 
 TEST(CFrontendTest, aHeaderIsReadAsC) {

@@ -14,7 +14,7 @@ TEST(DiagnosticCollectorTest, errorsWarningsAndNotesWithTheirPlaces) {
         text += toString(diagnostic).substr(reading.folder.pathOf("").size()) + '\n';
     EXPECT_EQ(text,
               "a.c:2:22: error: use of undeclared identifier 'b'\n"
-              "a.c:3:6: error: incompatible integer to pointer conversion initializing 'int *' with an expression "
+              "a.c:3:6: warning: incompatible integer to pointer conversion initializing 'int *' with an expression "
               "of type 'int'\n"
               "a.c:4:8: error: redefinition of 'a' with a different type: 'double' vs 'int'\n"
               "a.c:1:5: note: previous definition is here\n");
