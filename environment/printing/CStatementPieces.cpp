@@ -19,6 +19,8 @@
 #include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/WhileStatement.h"
 
+#include <typeinfo>
+
 namespace Kova::Backends {
 
 using namespace Tessel;
@@ -26,8 +28,8 @@ using namespace Tessel;
 namespace {
 
 bool isLabel(const StatementBase& statement) {
-    return dynamic_cast<const CaseStatement*>(&statement) != nullptr ||
-           dynamic_cast<const LabelStatement*>(&statement) != nullptr;
+    // Asked of every statement, and quicker than casts; both classes are final.
+    return typeid(statement) == typeid(CaseStatement) || typeid(statement) == typeid(LabelStatement);
 }
 
 } // namespace
