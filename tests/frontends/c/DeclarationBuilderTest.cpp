@@ -50,7 +50,7 @@ TEST(DeclarationBuilderTest, functions) {
               "  parameter  int\n");
     EXPECT_EQ(treeOf("_Noreturn void f(void); void g(void) __attribute__((noreturn));"),
               "noreturn function f fn()->void\n"
-              "noreturn function g fn()->void\n");
+              "noreturn function g fn()->void __attribute__((noreturn))\n");
 }
 
 TEST(DeclarationBuilderTest, aFunctionStaysStatic) {

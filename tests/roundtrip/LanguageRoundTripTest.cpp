@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "tests/frontends/c/Reading.h"
+#include "tests/roundtrip/PrintedText.h"
+#include "tests/roundtrip/RoundTrip.h"
+
+namespace Kova::Test {
+
+namespace {
+
+std::string program(const std::string& declarations, const std::string& statements) {
+    return "#include <stdio.h>\n" + declarations + "\nint main(void)\n{\n" + statements + "\nreturn 0;\n}\n";
+}
+
+std::string printed(const std::string& text) {
+    const SourceFolder folder;
+    return printedFile(folder.write("a.c", text));
+}
+
+} // namespace
+
+TEST(LanguageRoundTripTest, stringsWithEveryEscape) {
+    const std::string show = "static void show(const char *s, unsigned n) { for (unsigned i = 0; i < n; i++) "
+                             "printf(\"%d \", s[i]); puts(\"\"); }\n#define SHOW(s) show(s, sizeof s)\n";
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program(show, R"(SHOW("\a\b\f\n\r\t\v\\\'\"\?\0"); SHOW("\x1" "2"); SHOW("\x12"); SHOW("\1" "2"); SHOW("\12");
+SHOW("\1234"); SHOW("\0" "0"); SHOW("\x7f" "f" "\e"); SHOW("??" "=" "?\?="); SHOW("a" /* in between */ "b"
+  "c"); SHOW("a\
+b"); SHOW("\u00e9\U0001F600"); SHOW("/* no */ // comment"); SHOW(u8"\xe2\x82\xac" "1"); SHOW("");
+printf("%d %d %d %d\n", 'ab', '\377', '\x7f', '\'' + '"' + '\?');
+printf("%d %d\n", (int) L'\x20ac', (int) sizeof L"ab" "c"); printf("%d %d\n", (int) u"\u20ac"[0], (int) sizeof U"ab");)")));
+    EXPECT_NE(printed("char s[] = \"\\x1\" \"2\";\n").find("\"\\x1\" \"2\""), std::string::npos);
+}
+
+TEST(LanguageRoundTripTest, trigraphs) {
+    RoundTripUse use;
+    use.reading.standard = "c99";
+    use.compilerOptions = {"-std=c99"};
+    // With ~ for the two question marks, for which this test's compiler would look as well.
+    std::string statements = "puts(\"~=~(~)~/n\"); puts(\"?\" \"?=\"); int a<:2:> = ~<1~>; printf(\"%d\\n\", a~(0~));";
+    for (std::size_t at = 0; (at = statements.find('~', at)) != std::string::npos;)
+        statements.replace(at, 1,
+                           "?"
+                           "?");
+    EXPECT_TRUE(textSurvivesRoundTrip(program("", statements), use));
+}
+
+TEST(LanguageRoundTripTest, utf8Identifiers) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("static int gr\xc3\xb6\xc3\x9f"
+                "e = 3; struct \xc3\xa4 { int \xce\xbb; }; static int \\u00fcber(int x) { return x; }",
+                "struct \xc3\xa4 s = { .\xce\xbb = 4 }; printf(\"%d %s\\n\", gr\xc3\xb6\xc3\x9f"
+                "e + s.\xce\xbb + "
+                "\\u00fcber(2), \"\xe2\x82\xac\");")));
+}
+
+TEST(LanguageRoundTripTest, whatSystemHeadersMakeOfNames) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#define _GNU_SOURCE\n#include <signal.h>\n#include <stdatomic.h>\n#include <string.h>\n#include <tgmath.h>\n"
+        "#include <sys/stat.h>\n#include <errno.h>\n#include <assert.h>\n#include <stdbool.h>\n#include <stddef.h>\n"
+        "#define STEP 4\n" +
+        program("static atomic_int shared = ATOMIC_VAR_INIT(3); struct pair { char c; int i; };",
+                "struct sigaction action; action.sa_handler = SIG_IGN; action.sa_flags = 0;\n"
+                "sigemptyset(&action.sa_mask); sigaction(SIGUSR1, &action, NULL);\n"
+                "atomic_fetch_add(&shared, STEP); atomic_store(&shared, atomic_load(&shared) + STEP);\n"
+                "struct stat status; printf(\"%d\\n\", stat(\"/\", &status) == 0 && status.st_mtime != 0);\n"
+                "errno = 0; assert(errno == 0); bool is = true;\n"
+                "printf(\"%d %g %g %d %d %d\\n\", atomic_load(&shared), sqrt(2.0), (double) sqrt(2.0f),\n"
+                "is, (int) offsetof(struct pair, i), strverscmp(\"a9\", \"a10\") < 0);")));
+}
+
+TEST(LanguageRoundTripTest, macrosInsideOfWhatIsKeptAsText) {
+    EXPECT_TRUE(
+        textSurvivesRoundTrip(program("#define SIZE 4\n#define TYPE struct pair\nTYPE { int a, b; };\n"
+                                      "_Static_assert(sizeof(TYPE) == 2 * SIZE, \"size \" \"is\");",
+                                      "__asm__ volatile (\"\" : : \"r\" (SIZE + 1)); _Static_assert(SIZE, \"\");\n"
+                                      "printf(\"%d %d\\n\", (int) __builtin_offsetof(TYPE, b), "
+                                      "__builtin_types_compatible_p(TYPE, struct pair));")));
+}
+
+TEST(LanguageRoundTripTest, packedStructures) {
+    EXPECT_TRUE(textSurvivesRoundTrip(program(
+        "#pragma pack(push, 2)\nstruct a { char c; int i; double d; short s; unsigned b : 3; };\n#pragma pack(1)\n"
+        "struct b { char c; struct { long l; char z; } in; union { int i; char c[3]; } u[2]; };\n#pragma pack(pop)\n"
+        "struct c { char c; int i; };\nstruct __attribute__((packed)) d { char c; int i; };",
+        "printf(\"%d %d %d %d\\n\", (int) sizeof(struct a), (int) sizeof(struct b), (int) sizeof(struct c), "
+        "(int) sizeof(struct d)); printf(\"%d %d %d\\n\", (int) _Alignof(struct a), "
+        "(int) __builtin_offsetof(struct a, d), (int) __builtin_offsetof(struct b, u));")));
+}
+
+TEST(LanguageRoundTripTest, parametersWithWordsBetweenTheirBrackets) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("static void copy(int n, int to[const restrict static 2], const int from[restrict n], int m[n][n],\n"
+                "int (*f)(int k, int v[k][k]))\n{ for (int i = 0; i < n; i++) to[i] = from[i] + f(n, m); }\n"
+                "static int at(int k, int v[k][k]) { return v[k - 1][k - 1]; }",
+                "int a[2], b[2] = { 1, 2 }, m[2][2] = { [1] = { 3, 4 } }; copy(2, a, b, m, at); "
+                "printf(\"%d %d\\n\", a[0], a[1]);")));
+}
+
+TEST(LanguageRoundTripTest, oldPrograms) {
+    EXPECT_TRUE(
+        textSurvivesRoundTrip("#include <stdio.h>\nstatic g;\nint add(a, b) short a; float b; { return a + (int) b; }\n"
+                              "first(p) char *p; { return *p; }\nmain() { register i = 2; "
+                              "printf(\"%d %d\\n\", add(i, 3.5), first(\"x\") + g + later(4)); return 0; }\n"
+                              "int later(x) { return x * 2; }\n"));
+}
+
+TEST(LanguageRoundTripTest, oneWayOutOfACase) {
+    const std::string text = printed("int f(int x)\n{\n    switch (x)\n    {\n    case 1:\n        x = 2;\n"
+                                     "        /* falls through */\n    default:\n        return x;\n    }\n}\n");
+    EXPECT_EQ(text, "int f(int x)\n{\n    switch (x)\n    {\n    case 1:\n        x = 2;\n"
+                    "        __attribute__((fallthrough));\n    default:\n        return x;\n    }\n}\n");
+}
+
+} // namespace Kova::Test
