@@ -15,8 +15,7 @@ bool consume(llvm::StringRef& text, std::initializer_list<const char*> words) {
                        [&](const char* word) { return text.consume_front_insensitive(word); });
 }
 
-} // namespace
-
+/// @param comment with its marks.
 bool saysFallThrough(llvm::StringRef comment) {
     const llvm::StringRef blanks = " \t\r\n.!*/";
     llvm::StringRef text = comment.trim(blanks).trim("-@");
@@ -35,6 +34,8 @@ bool saysFallThrough(llvm::StringRef comment) {
     text = text.ltrim(blanks);
     return text.empty() || text.front() == '-';
 }
+
+} // namespace
 
 bool FallThroughComments::HandleComment(clang::Preprocessor& preprocessor, clang::SourceRange comment) {
     const clang::SourceManager& sources = preprocessor.getSourceManager();

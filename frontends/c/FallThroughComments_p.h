@@ -22,7 +22,4 @@ private:
     std::vector<clang::SourceRange> m_comments;
 };
 
-/// True for the text of a comment, with its marks, that says so.
-[[nodiscard]] bool saysFallThrough(llvm::StringRef comment);
-
 } // namespace Kova::Frontends

@@ -100,6 +100,33 @@ bool SourcePlaces::holdsPreprocessing(const std::string& text) const {
     return false;
 }
 
+std::optional<std::string> SourcePlaces::withoutConstants(const std::string& text) const {
+    std::string result;
+    clang::Lexer lexer(clang::SourceLocation(), m_context.getLangOpts(), text.c_str(), text.c_str(),
+                       text.c_str() + text.size());
+    lexer.SetKeepWhitespaceMode(true);
+    clang::Token token;
+    std::size_t done = 0;
+    for (bool isLast = text.empty(); !isLast; done += token.getLength()) {
+        isLast = lexer.LexFromRawLexer(token);
+        const std::string word = text.substr(done, token.getLength());
+        const auto known = m_context.Idents.find(word);
+        if (token.isNot(clang::tok::raw_identifier) || known == m_context.Idents.end() ||
+            !isMacroOfProgram(*known->second)) {
+            result += word;
+            continue;
+        }
+        const clang::MacroInfo* macro = m_preprocessor.getMacroInfo(known->second);
+        if (macro == nullptr || macro->isFunctionLike() || macro->getNumTokens() != 1)
+            return std::nullopt;
+        const std::string value = m_preprocessor.getSpelling(macro->getReplacementToken(0));
+        if (holdsPreprocessing(value))
+            return std::nullopt;
+        result += value;
+    }
+    return result;
+}
+
 std::string SourcePlaces::macroUseOf(const clang::Expr& expression) const {
     const clang::SourceLocation begin = expression.getBeginLoc();
     if (!begin.isMacroID() || !isExternal(m_sources.getSpellingLoc(begin)))
@@ -108,8 +135,8 @@ std::string SourcePlaces::macroUseOf(const clang::Expr& expression) const {
     if (use.getBegin().isMacroID() || use.getEnd().isMacroID())
         return {};
     std::string text = clang::Lexer::getSourceText(use, m_sources, m_context.getLangOpts()).str();
-    if (!holdsPreprocessing(text.substr(text.find('(') + 1)))
-        return text;
+    if (std::optional<std::string> expanded = withoutConstants(text))
+        return *expanded;
     std::map<unsigned, std::string> arguments;
     collectArguments(expression, m_sources.getFileID(begin), arguments);
     text.erase(text.find('(') + 1);

@@ -9,6 +9,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace clang {
@@ -58,6 +59,8 @@ private:
     [[nodiscard]] std::string fileText(clang::SourceRange range) const;
     [[nodiscard]] bool isMacroOfProgram(const clang::IdentifierInfo& name) const;
     [[nodiscard]] bool holdsPreprocessing(const std::string& text) const;
+    /// The text with the values of the program's macros that stand for one word each; none where there are others.
+    [[nodiscard]] std::optional<std::string> withoutConstants(const std::string& text) const;
     void collectArguments(const clang::Stmt& node, clang::FileID use, std::map<unsigned, std::string>& arguments) const;
     struct File {
         const Tessel::SourceFile* file = nullptr;

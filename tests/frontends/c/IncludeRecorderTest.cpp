@@ -34,4 +34,25 @@ TEST(IncludeRecorderTest, headersOfIncludeDirectoriesAreTheUsers) {
     EXPECT_EQ(program.getTranslationUnit(0)->getSystemIncludes(), (std::vector<std::string>{"<stddef.h>"}));
 }
 
+TEST(IncludeRecorderTest, macrosThatChooseAmongWhatSystemHeadersDeclare) {
+    const SourceFolder folder;
+    folder.write("config.h", "#ifndef _CONFIG_H\n#define _CONFIG_H\n#define _GNU_SOURCE 1\n#define OWN 3\n"
+                             "#define _FILE_OFFSET_BITS 6 ## 4\n#define _CALL(x) x\n#endif\n");
+    const std::string path = folder.write("a.c", "#define _ISOC11_SOURCE\n"
+                                                 "#undef _ISOC11_SOURCE\n"
+                                                 "#define __lower (1 + 2)\n"
+                                                 "#include \"config.h\"\n"
+                                                 "#include <stdio.h>\n"
+                                                 "#define _TOO_LATE\n"
+                                                 "int a;\n");
+    Tessel::ProgramUnit program;
+    ASSERT_EQ(CFrontend({{}, {"_FROM_OUTSIDE=1"}, ""}).read(path, program), CFrontend::Result::Complete);
+    EXPECT_EQ(program.getTranslationUnit(0)->getSystemChoices(),
+              (std::vector<std::string>{"__lower ( 1 + 2 )", "_GNU_SOURCE 1", "_FILE_OFFSET_BITS 6 ## 4"}));
+}
+
+TEST(IncludeRecorderTest, withoutSystemHeadersNothingIsChosen) {
+    EXPECT_TRUE(Reading("#define _GNU_SOURCE\nint a;\n").unit().getSystemChoices().empty());
+}
+
 } // namespace Kova::Frontends

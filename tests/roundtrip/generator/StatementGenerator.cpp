@@ -120,8 +120,8 @@ std::string StatementGenerator::jumps(const Scope& scope, unsigned depth) {
 std::string StatementGenerator::declarations(const Scope& scope, unsigned depth) {
     const std::string a = newName("a");
     Scope inside = scope;
-    inside.readable.insert(inside.readable.end(), {a, "*" + a + "_p"});
-    inside.writable.insert(inside.writable.end(), {a, "*" + a + "_p"});
+    inside.readable.insert(inside.readable.end(), {a, "(*" + a + "_p)"});
+    inside.writable.insert(inside.writable.end(), {a, "(*" + a + "_p)"});
     inside.arrays.push_back(a + "_v");
     return "{ " + m_random.pick({"register ", "", "auto "}) + "unsigned " + a + " = " + value(scope) + ";\nunsigned " +
            a + "_o = 1u, *" + a + "_p = &" + a + "_o, " + a + "_v[8] = { [2] = " + value(scope) +
