@@ -4,6 +4,7 @@
 #include "frontends/c/FallThroughComments_p.h"
 #include "frontends/c/IncludeRecorder_p.h"
 #include "frontends/c/Invocation_p.h"
+#include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitBuilder_p.h"
 
 #include <clang/AST/ASTConsumer.h>
@@ -18,6 +19,7 @@
 #include <llvm/Support/MemoryBuffer.h>
 
 #include <exception>
+#include <optional>
 
 namespace Kova::Frontends {
 
@@ -73,10 +75,11 @@ protected:
         if (m_unit == nullptr)
             return std::make_unique<clang::ASTConsumer>();
         clang::Preprocessor& preprocessor = compiler.getPreprocessor();
-        preprocessor.addPPCallbacks(recordSystemIncludes(preprocessor, *m_unit));
+        m_system.emplace(compiler.getSourceManager());
+        preprocessor.addPPCallbacks(recordSystemIncludes(preprocessor, *m_system, *m_unit));
         preprocessor.addCommentHandler(&m_fallThrough);
-        return std::make_unique<BuildingConsumer>(ParsedText{preprocessor, m_fallThrough}, m_program, *m_unit,
-                                                  m_result);
+        return std::make_unique<BuildingConsumer>(ParsedText{preprocessor, m_fallThrough, *m_system}, m_program,
+                                                  *m_unit, m_result);
     }
 
     /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
@@ -93,6 +96,7 @@ private:
     Tessel::TranslationUnit* m_unit;
     BuildResult m_result;
     FallThroughComments m_fallThrough;
+    std::optional<SystemHeaders> m_system;
 };
 
 std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std::string>& line,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/tessel/TranslationUnit.h"
 #include "frontends/c/IncludeRecorder_p.h"
+#include "frontends/c/SystemHeaders_p.h"
 
 #include <clang/Basic/SourceManager.h>
 #include <clang/Lex/MacroInfo.h>
@@ -21,10 +22,17 @@ bool isReserved(llvm::StringRef name) {
 
 class IncludeRecorder final : public clang::PPCallbacks {
 public:
-    IncludeRecorder(const clang::Preprocessor& preprocessor, Tessel::TranslationUnit& unit)
+    IncludeRecorder(const clang::Preprocessor& preprocessor, SystemHeaders& system, Tessel::TranslationUnit& unit)
         : m_preprocessor(preprocessor),
+          m_system(system),
           m_sources(preprocessor.getSourceManager()),
           m_unit(unit) {}
+
+    void FileChanged(clang::SourceLocation where, FileChangeReason reason, clang::SrcMgr::CharacteristicKind /*kind*/,
+                     clang::FileID /*previous*/) override {
+        if (reason == SystemHeaderPragma)
+            m_system.noteClaim(where);
+    }
 
     /// Only what stands before the first system header can have a say in what it declares.
     void MacroDefined(const clang::Token& name, const clang::MacroDirective* directive) override {
@@ -53,7 +61,8 @@ public:
                             llvm::StringRef /*searchPath*/, llvm::StringRef /*relativePath*/,
                             const clang::Module* /*module*/, bool /*imported*/,
                             clang::SrcMgr::CharacteristicKind kind) override {
-        if (!file || !clang::SrcMgr::isSystem(kind) || m_sources.isInSystemHeader(hash))
+        if (!file || !clang::SrcMgr::isSystem(kind) || m_system.isClaimOnly(file->getFileEntry()) ||
+            m_system.hold(hash))
             return;
         std::string spelling = (isAngled ? "<" : "\"") + name.str() + (isAngled ? ">" : "\"");
         if (m_seen.insert(spelling).second)
@@ -69,6 +78,7 @@ private:
     }
 
     const clang::Preprocessor& m_preprocessor;
+    SystemHeaders& m_system;
     const clang::SourceManager& m_sources;
     Tessel::TranslationUnit& m_unit;
     std::set<std::string> m_seen;
@@ -77,9 +87,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::Preprocessor& preprocessor,
+std::unique_ptr<clang::PPCallbacks> recordSystemIncludes(const clang::Preprocessor& preprocessor, SystemHeaders& system,
                                                          Tessel::TranslationUnit& unit) {
-    return std::make_unique<IncludeRecorder>(preprocessor, unit);
+    return std::make_unique<IncludeRecorder>(preprocessor, system, unit);
 }
 
 } // namespace Kova::Frontends

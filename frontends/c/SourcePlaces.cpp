@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "environment/tessel/ProgramUnit.h"
 #include "frontends/c/SourcePlaces_p.h"
+#include "frontends/c/SystemHeaders_p.h"
+#include "frontends/c/UnitBuilder_p.h"
 
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Decl.h>
@@ -16,10 +18,10 @@
 
 namespace Kova::Frontends {
 
-SourcePlaces::SourcePlaces(const clang::ASTContext& context, const clang::Preprocessor& preprocessor,
-                           Tessel::ProgramUnit& program)
+SourcePlaces::SourcePlaces(const clang::ASTContext& context, const ParsedText& parsed, Tessel::ProgramUnit& program)
     : m_context(context),
-      m_preprocessor(preprocessor),
+      m_preprocessor(parsed.preprocessor),
+      m_system(parsed.system),
       m_sources(context.getSourceManager()),
       m_program(program) {}
 
@@ -188,7 +190,7 @@ std::string SourcePlaces::textOf(const clang::Decl& node) const {
 }
 
 bool SourcePlaces::isExternal(clang::SourceLocation location) const {
-    return location.isInvalid() || m_sources.isInSystemHeader(m_sources.getExpansionLoc(location));
+    return location.isInvalid() || m_system.hold(location);
 }
 
 } // namespace Kova::Frontends

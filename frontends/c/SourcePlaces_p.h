@@ -28,12 +28,14 @@ class ProgramUnit;
 
 namespace Kova::Frontends {
 
+class SystemHeaders;
+struct ParsedText;
+
 /// Where Clang's nodes stand, and what the source says there. What is written as a macro's argument stands where it is
 /// written; all else that comes of a macro stands where the macro is used.
 class SourcePlaces {
 public:
-    SourcePlaces(const clang::ASTContext& context, const clang::Preprocessor& preprocessor,
-                 Tessel::ProgramUnit& program);
+    SourcePlaces(const clang::ASTContext& context, const ParsedText& parsed, Tessel::ProgramUnit& program);
 
     [[nodiscard]] Tessel::SourceRange rangeOf(clang::SourceRange range);
 
@@ -70,6 +72,7 @@ private:
 
     const clang::ASTContext& m_context;
     const clang::Preprocessor& m_preprocessor;
+    const SystemHeaders& m_system;
     const clang::SourceManager& m_sources;
     Tessel::ProgramUnit& m_program;
     llvm::DenseMap<clang::FileID, std::unique_ptr<File>> m_files;

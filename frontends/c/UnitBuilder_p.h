@@ -14,11 +14,13 @@ class TranslationUnit;
 namespace Kova::Frontends {
 
 class FallThroughComments;
+class SystemHeaders;
 
 /// What Clang's tree does not say of the text that it was made from.
 struct ParsedText {
     const clang::Preprocessor& preprocessor;
     const FallThroughComments& fallThrough;
+    const SystemHeaders& system;
 };
 
 /// Fills a unit with what Clang has parsed: the user's declarations in program order as its children, what they use of

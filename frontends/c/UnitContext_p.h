@@ -34,7 +34,7 @@ struct UnitContext {
           program(ofProgram),
           unit(ofUnit),
           fallThrough(parsed.fallThrough),
-          text(context, parsed.preprocessor, ofProgram),
+          text(context, parsed, ofProgram),
           types(*this),
           declarations(*this) {}
 

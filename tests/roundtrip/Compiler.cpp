@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdio>
-#include <regex>
 #include <sys/wait.h>
 
 namespace Kova::Test {
@@ -39,9 +38,9 @@ Compilation compile(const std::vector<std::string>& files, const std::string& pr
         command += ' ' + quoted(file);
     const Finished finished = runCommand(command + " -lm");
     Compilation result{finished.status, {}, finished.output};
-    const std::regex kind("\\[(-W[^\\]]+)\\]\n");
-    for (std::sregex_iterator each(finished.output.begin(), finished.output.end(), kind), end; each != end; ++each)
-        ++result.warnings[(*each)[1]];
+    const std::string& text = finished.output;
+    for (std::size_t at = text.find("[-W"); at != std::string::npos; at = text.find("[-W", at + 1))
+        ++result.warnings[text.substr(at + 1, text.find(']', at) - at - 1)];
     return result;
 }
 

@@ -55,4 +55,16 @@ TEST(IncludeRecorderTest, withoutSystemHeadersNothingIsChosen) {
     EXPECT_TRUE(Reading("#define _GNU_SOURCE\nint a;\n").unit().getSystemChoices().empty());
 }
 
+TEST(IncludeRecorderTest, aUsersHeaderThatClaimsToBeTheSystemsIsTheUsers) {
+    const SourceFolder folder;
+    folder.write("lib/stdio.h", "#ifndef OWN\n#define OWN\n#pragma GCC system_header\n#include_next <stdio.h>\n"
+                                "#include <string.h>\nint own_printf(const char *, ...);\n#endif\n");
+    Tessel::ProgramUnit program;
+    const std::string path = folder.write("a.c", "#include <stdio.h>\n#include <stdio.h>\n");
+    ASSERT_EQ(CFrontend({{folder.pathOf("lib")}, {}, ""}).read(path, program), CFrontend::Result::Complete);
+    EXPECT_EQ(program.getTranslationUnit(0)->getSystemIncludes(),
+              (std::vector<std::string>{"<stdio.h>", "<string.h>"}));
+    EXPECT_EQ(program.getTranslationUnit(0)->getChildCount(), 1u);
+}
+
 } // namespace Kova::Frontends

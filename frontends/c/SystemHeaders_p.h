@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <clang/Basic/SourceLocation.h>
+#include <llvm/ADT/SmallPtrSet.h>
+
+namespace clang {
+class FileEntry;
+class SourceManager;
+} // namespace clang
+
+namespace Kova::Frontends {
+
+/// Tells the system's headers from the user's files. A user's header that calls itself one of the system's, as those
+/// do which stand in for the system's own, stays the user's: a printed program could not include it.
+class SystemHeaders {
+public:
+    explicit SystemHeaders(const clang::SourceManager& sources) : m_sources(sources) {}
+
+    /// A header asks to be taken for one of the system's. To be called before Clang obeys.
+    void noteClaim(clang::SourceLocation where);
+
+    /// True for a place in one of the system's headers. @param where may be in a macro, which is where it is used.
+    [[nodiscard]] bool hold(clang::SourceLocation where) const;
+    /// True for a header that is the user's although it claims to be the system's.
+    [[nodiscard]] bool isClaimOnly(const clang::FileEntry& file) const { return m_claims.contains(&file); }
+
+private:
+    const clang::SourceManager& m_sources;
+    // Looked up, never walked.
+    llvm::SmallPtrSet<const clang::FileEntry*, 8> m_claims;
+};
+
+} // namespace Kova::Frontends
