@@ -71,11 +71,10 @@ void EdgeBase::setShapeKind(ShapeKind kind) {
 }
 
 void EdgeBase::draw(QPainter& painter, bool selected) const {
-    if (selected)
-        painter.setPen(QPen(QBrush(Qt::blue, Qt::SolidPattern), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin));
-    else
-        painter.setPen(m_pen);
-    painter.drawPath(m_shape);
+    static const QPen selectedPen(QBrush(Qt::blue, Qt::SolidPattern), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin);
+    painter.setPen(selected ? selectedPen : m_pen);
+    // Never filled, whatever brush the painter has.
+    painter.strokePath(m_shape, painter.pen());
     if (m_text.isEmpty())
         return;
     painter.setPen(QColor(m_textColor));

@@ -30,8 +30,9 @@ int wheelDelta(const QWheelEvent& event) {
     return std::abs(delta.x()) > std::abs(delta.y()) ? delta.x() : delta.y();
 }
 
-QPoint growth(const QPoint& point, double factor) {
-    return {roundHalfAway(point.x() * (factor - 1.0)), roundHalfAway(point.y() * (factor - 1.0))};
+/// How far a point moves away from the origin when it is scaled; as doubles, since sums with it may leave an int.
+QPointF growth(const QPoint& point, double factor) {
+    return {std::round(point.x() * (factor - 1.0)), std::round(point.y() * (factor - 1.0))};
 }
 
 } // namespace
@@ -105,8 +106,9 @@ void GraphWidgetBase::fitGraphToViewport() {
 }
 
 QPoint GraphWidgetBase::screenToGraph(const QPoint& position) const {
-    return {truncated((position.x() + horizontalScrollBar()->value()) / m_scale),
-            truncated((position.y() + verticalScrollBar()->value()) / m_scale)};
+    // Summed as doubles: a scroll bar may stand at the largest int.
+    return {truncated((static_cast<double>(position.x()) + horizontalScrollBar()->value()) / m_scale),
+            truncated((static_cast<double>(position.y()) + verticalScrollBar()->value()) / m_scale)};
 }
 
 void GraphWidgetBase::paintEvent(QPaintEvent* event) {
@@ -138,7 +140,7 @@ void GraphWidgetBase::wheelEvent(QWheelEvent* event) {
     const double factor = std::pow(wheelFactor, steps);
     const double oldScale = m_scale;
     const QPoint fixed = screenToGraph(event->position().toPoint());
-    const QPoint corner = screenToGraph(QPoint(0, 0)) + growth(fixed, factor);
+    const QPointF corner = screenToGraph(QPoint(0, 0)) + growth(fixed, factor);
     setScale(factor * oldScale);
     // In the units of the old scale: multiplied by it, the corner is in pixels of the new one.
     horizontalScrollBar()->setValue(roundHalfAway(corner.x() * oldScale));

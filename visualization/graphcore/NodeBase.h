@@ -49,8 +49,9 @@ public:
     [[nodiscard]] virtual QPoint cutEdge(const QPoint& a, const QPoint& b) const;
     /// Sizes the box to the label plus 10 units each way, keeps x centred and y as it is, and updates the edges.
     virtual void updateSize(QFontMetrics& metrics);
-    /// Paints the node with the painter's font and brush; nothing when invisible. Must depend on the node alone: after
-    /// a change of anything that it reads, a subclass calls touch().
+    /// Paints the node with the painter's font and brush, which it leaves as they were, like the transform; nothing
+    /// when invisible. Must depend on the node alone: after a change of anything that it reads, a subclass calls
+    /// touch().
     virtual void draw(QPainter& painter, bool selected) const;
 
     /// Counts list entries, those of deleted edges included.

@@ -101,9 +101,11 @@ private Q_SLOTS:
         TestedWidget widget;
         widget.onNewProgram(sample.unit());
         widget.setGraphSize(1234, 567);
-        const QList<QRectF> bounds = widget.edgeBounds();
+        // A map of other places than those where the layout puts the nodes.
         for (NodeBase* node : widget.getNodes())
             node->move(1000, 1000);
+        widget.updateMap();
+        const QList<QRectF> bounds = widget.edgeBounds();
         widget.setHideOrphans(true);
         QCOMPARE(widget.getGraphSize(), QSize(1234, 567));
         QCOMPARE(widget.edgeBounds(), bounds);
