@@ -93,6 +93,9 @@ private Q_SLOTS:
         widget.paints = 0;
         widget.setHideOrphans(true);
         QTRY_VERIFY(widget.paints > 0);
+        widget.paints = 0;
+        widget.clear();
+        QTRY_VERIFY(widget.paints > 0);
     }
 };
 

@@ -7,10 +7,13 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSvgGenerator>
+#include <QTransform>
 #include <QWheelEvent>
 #include <QtTest>
 
+#include <cmath>
 #include <functional>
+#include <limits>
 
 using namespace Kova::GUI::GenericGraph;
 
@@ -171,6 +174,42 @@ private Q_SLOTS:
         const QByteArray nodeSvg = svgOf([edge](QPainter& painter) { edge->getSource()->draw(painter, true); });
         QVERIFY(nodeSvg.contains("stroke-linecap=\"square\""));
         QVERIFY(nodeSvg.contains("stroke-linejoin=\"bevel\""));
+    }
+
+    void wingsStandTenDegreesToBothSides() {
+        const QPoint tip(1000, 1000);
+        int differing = 0;
+        for (int degrees = 0; degrees < 360; ++degrees) {
+            QTransform turned;
+            turned.rotate(degrees);
+            const QPoint control = (QPointF(tip) - turned.map(QPointF(500, 0))).toPoint();
+            // What truncation leaves of the back of the arrow, turned by 10 degrees either way.
+            const QPointF back = QPointF(control - tip) / std::hypot(control.x() - tip.x(), control.y() - tip.y()) * 15;
+            const auto wing = [&](double angle) {
+                const QPointF at = QPointF(tip) + QTransform().rotate(angle).map(back);
+                return QPoint(static_cast<int>(at.x()), static_cast<int>(at.y()));
+            };
+            const auto wings = Kova::GUI::arrowWings(control, tip);
+            differing += wings.first != wing(10) ? 1 : 0;
+            differing += wings.second != wing(-10) ? 1 : 0;
+        }
+        // Where a coordinate is a whole number but for the last bit, either neighbour may come out.
+        QVERIFY2(differing <= 8, qPrintable(QString::number(differing)));
+    }
+
+    void labelsEndWithTheirBoxes() {
+        PannedGraph graph;
+        NodeBase* node = graph.addNode(QStringLiteral("a label much wider than its box"), QPoint(200, 100), {41, 31});
+        QImage image(400, 200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setFont(graph.labelFont());
+        node->draw(painter, false);
+        painter.end();
+        const QRect near = node->getRect().adjusted(-2, -2, 2, 2);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                QVERIFY(near.contains(x, y) || image.pixel(x, y) == QColor(Qt::white).rgb());
     }
 
     void arrowheadsAreNeverFilled() {
