@@ -39,20 +39,6 @@ protected:
         const StatementExpression expression(block(std::move(statements)...));
         return Backends::OutToC::expressionToString(expression);
     }
-    template <class... Declarations>
-    static StatementPtr declareHere(Declarations... declarations) {
-        auto node = std::make_unique<DeclarationStatement>();
-        (node->append(std::move(declarations)), ...);
-        return node;
-    }
-    template <class T, class... Arguments>
-    static StatementPtr make(Arguments&&... arguments) {
-        return std::make_unique<T>(std::forward<Arguments>(arguments)...);
-    }
-    std::unique_ptr<VariableDeclaration> variable(const std::string& name, const Type* type,
-                                                  ExpressionPtr initializer = nullptr) {
-        return std::make_unique<VariableDeclaration>(name, type, std::move(initializer));
-    }
 };
 
 TEST_F(CStatementPiecesTest, WritesStatementExpressions) {
@@ -142,57 +128,53 @@ TEST_F(CStatementPiecesTest, WritesStorageAndAttributes) {
 }
 
 TEST_F(CStatementPiecesTest, WritesTypeDeclarations) {
-    auto record = std::make_unique<RecordDeclaration>("node", RecordDeclaration::Kind::Union);
-    EXPECT_EQ(print(declareHere(std::make_unique<RecordDeclaration>("node", RecordDeclaration::Kind::Struct))),
+    EXPECT_EQ(print(declareHere(make<RecordDeclaration>("node", RecordDeclaration::Kind::Struct))),
               "({ struct node; })");
-    record->setComplete(true);
-    record->append(std::make_unique<FieldDeclaration>("x", intType));
-    record->append(std::make_unique<FieldDeclaration>("y", intType));
-    const Type* type = types.declared(*record);
-    EXPECT_EQ(print(declareHere(std::move(record), variable("n", type))),
+    auto node = emptyRecord("node", RecordDeclaration::Kind::Union);
+    node->append(make<FieldDeclaration>("x", intType));
+    node->append(make<FieldDeclaration>("y", intType));
+    const Type* type = types.declared(*node);
+    EXPECT_EQ(print(declareHere(std::move(node), variable("n", type))),
               "({ union node { int x; int y; }; union node n; })");
-    EXPECT_EQ(print(declareHere(std::make_unique<TypedefDeclaration>("word", types.pointer(charType)))),
+    EXPECT_EQ(print(declareHere(make<TypedefDeclaration>("word", types.pointer(charType)))),
               "({ typedef char *word; })");
-    EXPECT_EQ(print(declareHere(std::make_unique<OpaqueDeclaration>("_Static_assert(1, \"\");"))),
+    EXPECT_EQ(print(declareHere(make<OpaqueDeclaration>("_Static_assert(1, \"\");"))),
               "({ _Static_assert(1, \"\"); })");
 }
 
 TEST_F(CStatementPiecesTest, DefinesATypeWithoutANameOnce) {
-    auto record = std::make_unique<RecordDeclaration>("", RecordDeclaration::Kind::Struct);
-    record->setComplete(true);
-    auto inner = std::make_unique<RecordDeclaration>("", RecordDeclaration::Kind::Union);
-    inner->setComplete(true);
-    inner->append(std::make_unique<FieldDeclaration>("u", intType));
+    auto outer = emptyRecord("");
+    auto inner = emptyRecord("", RecordDeclaration::Kind::Union);
+    inner->append(make<FieldDeclaration>("u", intType));
     const Type* innerType = types.declared(*inner);
-    record->append(std::move(inner));
-    record->append(std::make_unique<FieldDeclaration>("p", innerType));
-    record->append(std::make_unique<FieldDeclaration>("q", innerType));
-    const Type* type = types.declared(*record);
-    EXPECT_EQ(print(declareHere(std::move(record), variable("a", type), variable("b", types.pointer(type)))),
+    outer->append(std::move(inner));
+    outer->append(make<FieldDeclaration>("p", innerType));
+    outer->append(make<FieldDeclaration>("q", innerType));
+    const Type* type = types.declared(*outer);
+    EXPECT_EQ(print(declareHere(std::move(outer), variable("a", type), variable("b", types.pointer(type)))),
               "({ struct { union { int u; } p, q; } a, *b; })");
 }
 
 TEST_F(CStatementPiecesTest, WritesEnumerations) {
-    auto color = std::make_unique<EnumDeclaration>("color");
-    color->setComplete(true);
-    color->append(std::make_unique<EnumeratorDeclaration>("RED", 0, nullptr));
-    color->append(std::make_unique<EnumeratorDeclaration>("BLUE", 1, binary(a(), BinaryOperator::Comma, b())));
+    auto color = emptyEnum("color");
+    color->append(make<EnumeratorDeclaration>("RED", 0, nullptr));
+    color->append(make<EnumeratorDeclaration>("BLUE", 1, binary(a(), BinaryOperator::Comma, b())));
     EXPECT_EQ(print(declareHere(std::move(color))), "({ enum color { RED, BLUE = (a, b) }; })");
 }
 
 TEST_F(CStatementPiecesTest, WritesSubroutines) {
     const auto* type = types.function(types.pointer(types.function(intType, {charType})), {intType, charType});
-    auto prototype = std::make_unique<SubroutineDeclaration>("f", type);
+    auto prototype = make<SubroutineDeclaration>("f", type);
     EXPECT_EQ(print(declareHere(std::move(prototype))), "({ int (*f(int, char))(char); })");
-    auto nested = std::make_unique<SubroutineDeclaration>("f", type);
+    auto nested = make<SubroutineDeclaration>("f", type);
     nested->appendParameter(variable("n", intType));
     nested->appendParameter(variable("c", charType));
     nested->setBody(block(make<ReturnStatement>(nullptr)));
     nested->setStorageClass(StorageClass::Static);
     nested->setInline(true);
     EXPECT_EQ(print(declareHere(std::move(nested))), "({ static inline int (*f(int n, char c))(char) { return; } })");
-    auto variadic = std::make_unique<SubroutineDeclaration>(
-        "die", types.function(intType, {charType}, FunctionType::Parameters::Variadic));
+    auto variadic =
+        make<SubroutineDeclaration>("die", types.function(intType, {charType}, FunctionType::Parameters::Variadic));
     variadic->appendParameter(variable("c", charType));
     variadic->setNoReturn(true);
     EXPECT_EQ(print(declareHere(std::move(variadic))), "({ _Noreturn int die(char c, ...); })");

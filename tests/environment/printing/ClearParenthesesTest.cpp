@@ -11,7 +11,6 @@
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
 
 namespace {
 

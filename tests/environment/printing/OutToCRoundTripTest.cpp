@@ -5,34 +5,21 @@
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/TypeQueryExpression.h"
 #include "tests/environment/printing/CExpressionReader.h"
-#include "tests/environment/printing/Names.h"
-
-#include <gtest/gtest.h>
-
-#include <random>
+#include "tests/environment/printing/ExpressionSamples.h"
 
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
-using U = UnaryOperator;
 
 namespace {
 
-/// An expression together with the structure that reading it has to give.
-struct Sample {
-    ExpressionPtr tree;
-    std::string structure;
-};
-
-/// Makes expressions of all kinds whose printed form the reader knows. They need not make sense beyond the grammar.
-class Generator : private Names {
+/// Makes expressions of all kinds whose printed form the reader knows.
+class CSamples final : public SampleMaker {
 public:
-    explicit Generator(unsigned seed) : m_random(seed) {}
+    explicit CSamples(unsigned seed) : SampleMaker(seed) {}
 
-    Sample make(int depth) {
-        if (depth == 0)
-            return leaf();
+private:
+    Sample makeInner(int depth) override {
         switch (pick(12)) {
         case 0:
             return leaf();
@@ -54,39 +41,25 @@ public:
         }
     }
 
-private:
-    unsigned pick(unsigned count) { return static_cast<unsigned>(m_random() % count); }
-    Sample below(int depth) { return make(static_cast<int>(pick(static_cast<unsigned>(depth)))); }
-
-    Sample leaf() {
-        switch (pick(6)) {
-        case 0:
-            return {literal("7"), "7"};
-        case 1:
-            return {literal("-7"), "(u- 7)"};
-        case 2:
+    Sample leaf() override {
+        const unsigned number = pick(6);
+        if (number == 5)
             return {std::make_unique<TypeQueryExpression>(TypeQueryExpression::Query::SizeOf, intType), "(sizeof int)"};
-        case 3:
-            return {b(), "b"};
-        default:
-            return {a(), "a"};
-        }
+        return leafOf(number);
     }
 
     Sample prefixed(int depth) {
-        static const std::vector<std::pair<U, std::string>> operators = {{U::Plus, "u+"},
-                                                                         {U::Minus, "u-"},
-                                                                         {U::LogicalNot, "u!"},
-                                                                         {U::BitwiseNot, "u~"},
-                                                                         {U::Dereference, "u*"},
-                                                                         {U::AddressOf, "u&"},
-                                                                         {U::PreIncrement, "pre++"},
-                                                                         {U::PreDecrement, "pre--"},
-                                                                         {U::RealPart, "u__real__"},
-                                                                         {U::ImaginaryPart, "u__imag__"}};
-        const auto& [operation, name] = operators[pick(static_cast<unsigned>(operators.size()))];
-        Sample operand = below(depth);
-        return {unary(operation, std::move(operand.tree)), "(" + name + " " + operand.structure + ")"};
+        static const Table<U> operators = {{U::Plus, "u+"},
+                                           {U::Minus, "u-"},
+                                           {U::LogicalNot, "u!"},
+                                           {U::BitwiseNot, "u~"},
+                                           {U::Dereference, "u*"},
+                                           {U::AddressOf, "u&"},
+                                           {U::PreIncrement, "pre++"},
+                                           {U::PreDecrement, "pre--"},
+                                           {U::RealPart, "u__real__"},
+                                           {U::ImaginaryPart, "u__imag__"}};
+        return prefixedBy(operators, depth);
     }
 
     Sample postfixed(int depth) {
@@ -109,25 +82,21 @@ private:
     }
 
     Sample joined(int depth) {
-        static const std::vector<std::pair<B, std::string>> operators = {
+        static const Table<B> operators = {
             {B::Multiply, "*"},    {B::Divide, "/"},     {B::Remainder, "%"},     {B::Add, "+"},
             {B::Subtract, "-"},    {B::ShiftLeft, "<<"}, {B::ShiftRight, ">>"},   {B::Less, "<"},
             {B::Greater, ">"},     {B::LessEqual, "<="}, {B::GreaterEqual, ">="}, {B::Equal, "=="},
             {B::NotEqual, "!="},   {B::BitwiseAnd, "&"}, {B::BitwiseXor, "^"},    {B::BitwiseOr, "|"},
             {B::LogicalAnd, "&&"}, {B::LogicalOr, "||"}, {B::Comma, ","}};
-        const auto& [operation, name] = operators[pick(static_cast<unsigned>(operators.size()))];
-        Sample left = below(depth);
-        Sample right = below(depth);
-        return {binary(std::move(left.tree), operation, std::move(right.tree)),
-                "(" + name + " " + left.structure + " " + right.structure + ")"};
+        return joinedBy(operators, depth);
     }
 
     Sample assigned(int depth) {
-        static const std::vector<std::pair<std::optional<B>, std::string>> operators = {
+        static const Table<std::optional<B>> operators = {
             {std::nullopt, "="},  {B::Add, "+="},        {B::Subtract, "-="},   {B::Multiply, "*="},
             {B::Divide, "/="},    {B::Remainder, "%="},  {B::BitwiseAnd, "&="}, {B::BitwiseXor, "^="},
             {B::BitwiseOr, "|="}, {B::ShiftLeft, "<<="}, {B::ShiftRight, ">>="}};
-        const auto& [operation, name] = operators[pick(static_cast<unsigned>(operators.size()))];
+        const auto& [operation, name] = pick(operators);
         Sample target = below(depth);
         Sample value = below(depth);
         return {std::make_unique<AssignmentExpression>(std::move(target.tree), std::move(value.tree), operation),
@@ -171,50 +140,32 @@ private:
         }
         }
     }
-
-    std::mt19937 m_random;
 };
 
 TEST(OutToCRoundTripTest, TheReaderKnowsTheGrammar) {
-    const std::vector<std::pair<std::string, std::string>> expected = {
-        {"a + b * 7", "(+ a (* b 7))"},
-        {"a - b - 7", "(- (- a b) 7)"},
-        {"a = b = 7", "(= a (= b 7))"},
-        {"a ? b, a : b ? 7 : a", "(? a (, b a) (? b 7 a))"},
-        {"a ? b : a = 7", ""},
-        {"-a = b", "(= (u- a) b)"},
-        {"(int) a = b", ""},
-        {"sizeof (int) * a", "(* (sizeof int) a)"},
-        {"sizeof (int) { a }", "(sizeof (compound int a))"},
-        {"(int) -a[b]", "(cast (u- ([] a b)))"},
-        {"++(int) a", ""},
-        {"--a", "(pre-- a)"},
-        {"- -a", "(u- (u- a))"},
-        {"a /*b", ""},
-        {"*a++", "(u* (post++ a))"},
-        {"(a, b)(a, (a, b))", "(call (, a b) a (, a b))"},
-        {"a b", ""},
-        {"(a", ""}};
-    for (const auto& [text, structure] : expected)
-        EXPECT_EQ(CExpressionReader::read(text), structure) << text;
+    expectToReadAs<CExpressionReader>({{"a + b * 7", "(+ a (* b 7))"},
+                                       {"a - b - 7", "(- (- a b) 7)"},
+                                       {"a = b = 7", "(= a (= b 7))"},
+                                       {"a ? b, a : b ? 7 : a", "(? a (, b a) (? b 7 a))"},
+                                       {"a ? b : a = 7", ""},
+                                       {"-a = b", "(= (u- a) b)"},
+                                       {"(int) a = b", ""},
+                                       {"sizeof (int) * a", "(* (sizeof int) a)"},
+                                       {"sizeof (int) { a }", "(sizeof (compound int a))"},
+                                       {"(int) -a[b]", "(cast (u- ([] a b)))"},
+                                       {"++(int) a", ""},
+                                       {"--a", "(pre-- a)"},
+                                       {"- -a", "(u- (u- a))"},
+                                       {"a /*b", ""},
+                                       {"*a++", "(u* (post++ a))"},
+                                       {"(a, b)(a, (a, b))", "(call (, a b) a (, a b))"},
+                                       {"a b", ""},
+                                       {"(a", ""}});
 }
 
 TEST(OutToCRoundTripTest, PrintsWhatReadsBackWithoutAParenthesisTooMany) {
-    Generator generator(20240711);
-    std::size_t parentheses = 0;
-    for (int i = 0; i < 20000; ++i) {
-        const Sample sample = generator.make(1 + i % 6);
-        const std::string text = Backends::OutToC::expressionToString(*sample.tree);
-        ASSERT_EQ(CExpressionReader::read(text), sample.structure) << text;
-        for (const auto& [open, close] : parenthesesOf(text)) {
-            std::string without = text;
-            without[open] = without[close] = ' ';
-            ASSERT_NE(CExpressionReader::read(without), sample.structure) << text << "\n" << without;
-            ++parentheses;
-        }
-    }
-    // Enough of them to have tried every kind of operand in every place.
-    EXPECT_GT(parentheses, 20000U);
+    CSamples samples(20240711);
+    expectToReadBack<Backends::OutToC, CExpressionReader>(samples);
 }
 
 } // namespace

@@ -11,23 +11,16 @@
 #include "environment/tessel/SectionExpression.h"
 #include "environment/tessel/TypeQueryExpression.h"
 #include "environment/tessel/VariadicArgumentExpression.h"
-#include "tests/environment/printing/Names.h"
-
-#include <gtest/gtest.h>
+#include "tests/environment/printing/ExpressionPrintingTest.h"
 
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
-using U = UnaryOperator;
 
 namespace {
 
-class OutToCTest : public testing::Test, protected Names {
+class OutToCTest : public ExpressionPrintingTest<Backends::OutToC> {
 protected:
-    static std::string print(const ExpressionPtr& expression) {
-        return Backends::OutToC::expressionToString(*expression);
-    }
     ExpressionPtr cast(ExpressionPtr operand) { return std::make_unique<CastExpression>(intType, std::move(operand)); }
     static ExpressionPtr sizeOf(ExpressionPtr operand) {
         return std::make_unique<TypeQueryExpression>(TypeQueryExpression::Query::SizeOf, std::move(operand));
@@ -40,32 +33,41 @@ protected:
 };
 
 TEST_F(OutToCTest, WritesEveryBinaryOperatorWithBlanks) {
-    const std::vector<std::pair<B, std::string>> expected = {
-        {B::Multiply, "a * b"},    {B::Divide, "a / b"},     {B::Remainder, "a % b"},     {B::Add, "a + b"},
-        {B::Subtract, "a - b"},    {B::ShiftLeft, "a << b"}, {B::ShiftRight, "a >> b"},   {B::Less, "a < b"},
-        {B::Greater, "a > b"},     {B::LessEqual, "a <= b"}, {B::GreaterEqual, "a >= b"}, {B::Equal, "a == b"},
-        {B::NotEqual, "a != b"},   {B::BitwiseAnd, "a & b"}, {B::BitwiseXor, "a ^ b"},    {B::BitwiseOr, "a | b"},
-        {B::LogicalAnd, "a && b"}, {B::LogicalOr, "a || b"}, {B::Comma, "a, b"}};
-    for (const auto& [operation, text] : expected)
-        EXPECT_EQ(print(binary(a(), operation, b())), text);
+    expectBinary({{B::Multiply, "a * b"},
+                  {B::Divide, "a / b"},
+                  {B::Remainder, "a % b"},
+                  {B::Add, "a + b"},
+                  {B::Subtract, "a - b"},
+                  {B::ShiftLeft, "a << b"},
+                  {B::ShiftRight, "a >> b"},
+                  {B::Less, "a < b"},
+                  {B::Greater, "a > b"},
+                  {B::LessEqual, "a <= b"},
+                  {B::GreaterEqual, "a >= b"},
+                  {B::Equal, "a == b"},
+                  {B::NotEqual, "a != b"},
+                  {B::BitwiseAnd, "a & b"},
+                  {B::BitwiseXor, "a ^ b"},
+                  {B::BitwiseOr, "a | b"},
+                  {B::LogicalAnd, "a && b"},
+                  {B::LogicalOr, "a || b"},
+                  {B::Comma, "a, b"}});
 }
 
 TEST_F(OutToCTest, WritesEveryUnaryOperator) {
-    const std::vector<std::pair<U, std::string>> expected = {{U::Plus, "+a"},
-                                                             {U::Minus, "-a"},
-                                                             {U::LogicalNot, "!a"},
-                                                             {U::BitwiseNot, "~a"},
-                                                             {U::Dereference, "*a"},
-                                                             {U::AddressOf, "&a"},
-                                                             {U::PreIncrement, "++a"},
-                                                             {U::PreDecrement, "--a"},
-                                                             {U::PostIncrement, "a++"},
-                                                             {U::PostDecrement, "a--"},
-                                                             {U::RealPart, "__real__ a"},
-                                                             {U::ImaginaryPart, "__imag__ a"},
-                                                             {U::Extension, "__extension__ a"}};
-    for (const auto& [operation, text] : expected)
-        EXPECT_EQ(print(unary(operation, a())), text);
+    expectUnary({{U::Plus, "+a"},
+                 {U::Minus, "-a"},
+                 {U::LogicalNot, "!a"},
+                 {U::BitwiseNot, "~a"},
+                 {U::Dereference, "*a"},
+                 {U::AddressOf, "&a"},
+                 {U::PreIncrement, "++a"},
+                 {U::PreDecrement, "--a"},
+                 {U::PostIncrement, "a++"},
+                 {U::PostDecrement, "a--"},
+                 {U::RealPart, "__real__ a"},
+                 {U::ImaginaryPart, "__imag__ a"},
+                 {U::Extension, "__extension__ a"}});
 }
 
 TEST_F(OutToCTest, KeepsSignsApart) {

@@ -4,53 +4,44 @@
 #include "environment/tessel/CastExpression.h"
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/SectionExpression.h"
-#include "tests/environment/printing/Names.h"
-
-#include <gtest/gtest.h>
+#include "tests/environment/printing/ExpressionPrintingTest.h"
 
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
-using U = UnaryOperator;
 
 namespace {
 
-class OutToFortranTest : public testing::Test, protected Names {
+class OutToFortranTest : public ExpressionPrintingTest<Backends::OutToFortran> {
 protected:
-    static std::string print(const ExpressionPtr& expression) {
-        return Backends::OutToFortran::expressionToString(*expression);
-    }
     static ExpressionPtr section(ExpressionPtr lower, ExpressionPtr upper, ExpressionPtr stride) {
         return std::make_unique<SectionExpression>(std::move(lower), std::move(upper), std::move(stride));
     }
 };
 
 TEST_F(OutToFortranTest, WritesEveryBinaryOperator) {
-    const std::vector<std::pair<B, std::string>> expected = {{B::Multiply, "a * b"},
-                                                             {B::Divide, "a / b"},
-                                                             {B::Remainder, "MOD(a, b)"},
-                                                             {B::Add, "a + b"},
-                                                             {B::Subtract, "a - b"},
-                                                             {B::ShiftLeft, "SHIFTL(a, b)"},
-                                                             {B::ShiftRight, "SHIFTA(a, b)"},
-                                                             {B::Less, "a < b"},
-                                                             {B::Greater, "a > b"},
-                                                             {B::LessEqual, "a <= b"},
-                                                             {B::GreaterEqual, "a >= b"},
-                                                             {B::Equal, "a == b"},
-                                                             {B::NotEqual, "a /= b"},
-                                                             {B::BitwiseAnd, "IAND(a, b)"},
-                                                             {B::BitwiseXor, "IEOR(a, b)"},
-                                                             {B::BitwiseOr, "IOR(a, b)"},
-                                                             {B::LogicalAnd, "a .AND. b"},
-                                                             {B::LogicalOr, "a .OR. b"},
-                                                             {B::Power, "a ** b"},
-                                                             {B::Concatenate, "a // b"},
-                                                             {B::Equivalent, "a .EQV. b"},
-                                                             {B::NotEquivalent, "a .NEQV. b"}};
-    for (const auto& [operation, text] : expected)
-        EXPECT_EQ(print(binary(a(), operation, b())), text);
+    expectBinary({{B::Multiply, "a * b"},
+                  {B::Divide, "a / b"},
+                  {B::Remainder, "MOD(a, b)"},
+                  {B::Add, "a + b"},
+                  {B::Subtract, "a - b"},
+                  {B::ShiftLeft, "SHIFTL(a, b)"},
+                  {B::ShiftRight, "SHIFTA(a, b)"},
+                  {B::Less, "a < b"},
+                  {B::Greater, "a > b"},
+                  {B::LessEqual, "a <= b"},
+                  {B::GreaterEqual, "a >= b"},
+                  {B::Equal, "a == b"},
+                  {B::NotEqual, "a /= b"},
+                  {B::BitwiseAnd, "IAND(a, b)"},
+                  {B::BitwiseXor, "IEOR(a, b)"},
+                  {B::BitwiseOr, "IOR(a, b)"},
+                  {B::LogicalAnd, "a .AND. b"},
+                  {B::LogicalOr, "a .OR. b"},
+                  {B::Power, "a ** b"},
+                  {B::Concatenate, "a // b"},
+                  {B::Equivalent, "a .EQV. b"},
+                  {B::NotEquivalent, "a .NEQV. b"}});
 }
 
 TEST_F(OutToFortranTest, WritesUnaryOperators) {

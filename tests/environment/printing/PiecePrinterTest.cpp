@@ -19,8 +19,6 @@
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
-using U = UnaryOperator;
 
 namespace {
 

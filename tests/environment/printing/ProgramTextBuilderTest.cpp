@@ -13,17 +13,12 @@
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
 using Lines = std::vector<std::string>;
 
 namespace {
 
 class ProgramTextBuilderTest : public testing::Test, protected Names {
 protected:
-    template <class T, class... Arguments>
-    static std::unique_ptr<T> make(Arguments&&... arguments) {
-        return std::make_unique<T>(std::forward<Arguments>(arguments)...);
-    }
     ExpressionPtr isLess() { return binary(a(), B::Less, b()); }
     StatementPtr set(ExpressionPtr target) { return statement(assign(std::move(target), literal("1"))); }
 };
@@ -128,9 +123,7 @@ TEST_F(ProgramTextBuilderTest, PutsLabelsOneLevelOut) {
 TEST_F(ProgramTextBuilderTest, GivesALabelAStatementToMark) {
     auto here = make<LabelStatement>("here");
     LabelStatement& label = *here;
-    auto declaration = make<DeclarationStatement>();
-    declaration->append(make<VariableDeclaration>("i", intType));
-    const auto root = block(std::move(here), std::move(declaration), make<LabelStatement>("end"));
+    const auto root = block(std::move(here), declareHere(intVariable("i")), make<LabelStatement>("end"));
     PrintedLines out;
     out.print(*root);
     EXPECT_EQ(out.getTexts(), (Lines{"{", "here:", "    ;", "    int i;", "end:", "    ;", "}"}));
@@ -183,14 +176,11 @@ TEST_F(ProgramTextBuilderTest, PrintsFilesUnderTheirNames) {
 TEST_F(ProgramTextBuilderTest, SetsLongDeclarationsApart) {
     ProgramUnit program;
     TranslationUnit& unit = addUnit(program, "a.c");
-    auto record = make<RecordDeclaration>("r", RecordDeclaration::Kind::Struct);
-    record->setComplete(true);
-    record->append(make<FieldDeclaration>("x", intType));
     unit.append(make<VariableDeclaration>("i", intType));
     unit.append(make<VariableDeclaration>("c", charType));
     unit.append(make<SubroutineDeclaration>("f", types.function(intType, {})));
     unit.append(make<SubroutineDeclaration>("g", types.function(intType, {})));
-    unit.append(std::move(record));
+    unit.append(record("r"));
     define(unit, "h");
     EXPECT_EQ(printed(unit), (Lines{"int i;", "char c;", "", "int f(void);", "int g(void);", "", "struct r", "{",
                                     "    int x;", "};", "", "h", "{", "}"}));

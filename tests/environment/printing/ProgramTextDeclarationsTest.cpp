@@ -15,11 +15,6 @@ using Lines = std::vector<std::string>;
 
 namespace {
 
-template <class T, class... Arguments>
-std::unique_ptr<T> make(Arguments&&... arguments) {
-    return std::make_unique<T>(std::forward<Arguments>(arguments)...);
-}
-
 class ProgramTextDeclarationsTest : public testing::Test, protected Names {
 protected:
     ProgramTextDeclarationsTest() : m_unit(addUnit(m_program, "a.c")) {}
@@ -27,13 +22,6 @@ protected:
     template <class T>
     std::unique_ptr<T> at(std::unique_ptr<T> node, std::uint32_t beginColumn, std::uint32_t endColumn) {
         node->setSourceRange({m_program.obtainSourceFile("a.c"), 1, beginColumn, 1, endColumn});
-        return node;
-    }
-    std::unique_ptr<RecordDeclaration> record(const std::string& name, bool isComplete = true) {
-        auto node = make<RecordDeclaration>(name, RecordDeclaration::Kind::Struct);
-        node->setComplete(isComplete);
-        if (isComplete)
-            node->append(make<FieldDeclaration>("x", intType));
         return node;
     }
 
@@ -63,7 +51,7 @@ TEST_F(ProgramTextDeclarationsTest, DefineAStructureWhereTheSourceDoes) {
 TEST_F(ProgramTextDeclarationsTest, MentionAStructureWhereTheSourceDoes) {
     auto definition = at(record("s"), 50, 60);
     const Type* type = types.declared(*definition);
-    m_unit.append(at(record("s", false), 9, 16));
+    m_unit.append(at(make<RecordDeclaration>("s", RecordDeclaration::Kind::Struct), 9, 16));
     m_unit.append(at(make<TypedefDeclaration>("s_type", type), 1, 18));
     m_unit.append(std::move(definition));
     PrintedLines out;
@@ -73,8 +61,7 @@ TEST_F(ProgramTextDeclarationsTest, MentionAStructureWhereTheSourceDoes) {
 }
 
 TEST_F(ProgramTextDeclarationsTest, DefineAMembersTypeWithTheMember) {
-    auto outer = make<RecordDeclaration>("outer", RecordDeclaration::Kind::Struct);
-    outer->setComplete(true);
+    auto outer = emptyRecord("outer");
     auto inner = record("inner");
     const Type* type = types.declared(*inner);
     outer->append(std::move(inner));
@@ -87,9 +74,7 @@ TEST_F(ProgramTextDeclarationsTest, DefineAMembersTypeWithTheMember) {
 TEST_F(ProgramTextDeclarationsTest, DefineATypeInsideALoopHeader) {
     auto inner = record("s");
     const Type* type = types.declared(*inner);
-    auto header = make<DeclarationStatement>();
-    header->append(std::move(inner));
-    header->append(make<VariableDeclaration>("v", type));
+    auto header = declareHere(std::move(inner), variable("v", type));
     const auto root = make<ForStatement>(std::move(header), nullptr, nullptr, block());
     EXPECT_EQ(printed(*root), (Lines{"for (struct s", "{", "    int x;", "} v;;)", "{", "}"}));
 }

@@ -15,30 +15,9 @@ using Options = Shared::ProgramTextBuilder::Options;
 
 namespace {
 
-template <class T, class... Arguments>
-std::unique_ptr<T> make(Arguments&&... arguments) {
-    return std::make_unique<T>(std::forward<Arguments>(arguments)...);
-}
-
 class ProgramTextOptionsTest : public testing::Test, protected Names {
 protected:
     ProgramTextOptionsTest() : m_unit(addUnit(m_program, "a.c")) {}
-
-    template <class... Declarations>
-    static StatementPtr declareHere(Declarations... declarations) {
-        auto node = make<DeclarationStatement>();
-        (node->append(std::move(declarations)), ...);
-        return node;
-    }
-    std::unique_ptr<VariableDeclaration> variable(const std::string& name, ExpressionPtr initializer = nullptr) {
-        return make<VariableDeclaration>(name, intType, std::move(initializer));
-    }
-    std::unique_ptr<RecordDeclaration> record(const std::string& name) {
-        auto node = make<RecordDeclaration>(name, RecordDeclaration::Kind::Struct);
-        node->setComplete(true);
-        node->append(make<FieldDeclaration>("x", intType));
-        return node;
-    }
 
     ProgramUnit m_program;
     TranslationUnit& m_unit;
@@ -69,8 +48,8 @@ TEST_F(ProgramTextOptionsTest, HideEachKindAtFileLevel) {
     m_unit.append(make<SubroutineDeclaration>("f", types.function(intType, {})));
     m_unit.append(make<TypedefDeclaration>("word", intType));
     m_unit.append(record("s"));
-    m_unit.append(variable("g"));
-    auto elsewhere = variable("e");
+    m_unit.append(intVariable("g"));
+    auto elsewhere = intVariable("e");
     elsewhere->setStorageClass(StorageClass::Extern);
     m_unit.append(std::move(elsewhere));
     define(m_unit, "h");
@@ -101,9 +80,9 @@ TEST_F(ProgramTextOptionsTest, HideLocalVariablesButNoAction) {
     auto array = make<VariableDeclaration>("v", vlaType);
     array->appendBound(std::move(vla));
     const auto root =
-        block(declareHere(variable("i"), variable("j", literal("0"))), declareHere(variable("k", a())),
-              declareHere(variable("m"), variable("n", call(f(), a()))), declareHere(std::move(array)),
-              declareHere(variable("p", unary(UnaryOperator::PostIncrement, a()))), statement(assign(a(), b())));
+        block(declareHere(intVariable("i"), intVariable("j", literal("0"))), declareHere(intVariable("k", a())),
+              declareHere(intVariable("m"), intVariable("n", call(f(), a()))), declareHere(std::move(array)),
+              declareHere(intVariable("p", unary(UnaryOperator::PostIncrement, a()))), statement(assign(a(), b())));
     EXPECT_EQ(printed(*root, {false, true, false, false}),
               (Lines{"{", "    int n = f(a);", "    int v[f(a)];", "    int p = a++;", "    a = b;", "}"}));
     EXPECT_EQ(printed(*root), (Lines{"{", "    int i, j = 0;", "    int k = a;", "    int m, n = f(a);",
@@ -112,8 +91,8 @@ TEST_F(ProgramTextOptionsTest, HideLocalVariablesButNoAction) {
 
 TEST_F(ProgramTextOptionsTest, KeepParametersFieldsAndLoopCounters) {
     auto subroutine = make<SubroutineDeclaration>("f", types.function(intType, {intType}));
-    subroutine->appendParameter(variable("n"));
-    subroutine->setBody(block(make<ForStatement>(declareHere(variable("i", literal("0"))), a(), b(), block())));
+    subroutine->appendParameter(intVariable("n"));
+    subroutine->setBody(block(make<ForStatement>(declareHere(intVariable("i", literal("0"))), a(), b(), block())));
     m_unit.append(std::move(subroutine));
     auto outer = record("s");
     outer->append(record("inner"));
@@ -125,8 +104,8 @@ TEST_F(ProgramTextOptionsTest, KeepParametersFieldsAndLoopCounters) {
 
 TEST_F(ProgramTextOptionsTest, KeepWhatIsAskedFor) {
     const Options all = {true, true, true, true};
-    EXPECT_EQ(printed(*variable("i"), all), (Lines{"int i;"}));
-    EXPECT_EQ(printed(*declareHere(variable("i")), all), (Lines{"int i;"}));
+    EXPECT_EQ(printed(*intVariable("i"), all), (Lines{"int i;"}));
+    EXPECT_EQ(printed(*declareHere(intVariable("i")), all), (Lines{"int i;"}));
     EXPECT_EQ(printed(*make<TypedefDeclaration>("word", intType), all), (Lines{"typedef int word;"}));
     SubroutineDeclaration prototype("f", types.function(intType, {}));
     EXPECT_EQ(printed(prototype, all), (Lines{"int f(void);"}));
@@ -137,8 +116,7 @@ TEST_F(ProgramTextOptionsTest, HideTypesAndVariablesThatAreDeclaredTogether) {
     const Type* unnamedType = types.declared(*unnamed);
     m_unit.append(std::move(unnamed));
     m_unit.append(make<VariableDeclaration>("u", unnamedType));
-    auto constants = make<EnumDeclaration>("");
-    constants->setComplete(true);
+    auto constants = emptyEnum("");
     constants->append(make<EnumeratorDeclaration>("ONE", 1, nullptr));
     const Type* constantType = types.declared(*constants);
     m_unit.append(std::move(constants));

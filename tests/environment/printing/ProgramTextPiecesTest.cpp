@@ -15,15 +15,9 @@
 using namespace Kova;
 using namespace Kova::Tessel;
 using namespace Kova::Tests;
-using B = BinaryOperator;
 using Lines = std::vector<std::string>;
 
 namespace {
-
-template <class T, class... Arguments>
-std::unique_ptr<T> make(Arguments&&... arguments) {
-    return std::make_unique<T>(std::forward<Arguments>(arguments)...);
-}
 
 /// A program with every kind of node that can stand below another.
 struct WholeLanguage : Names {
@@ -75,29 +69,21 @@ struct WholeLanguage : Names {
     }
 
     std::unique_ptr<DeclarationStatement> declarations() {
-        auto record = make<RecordDeclaration>("s", RecordDeclaration::Kind::Struct);
-        record->setComplete(true);
-        auto inner = make<RecordDeclaration>("", RecordDeclaration::Kind::Union);
-        inner->setComplete(true);
+        auto outer = emptyRecord("s");
+        auto inner = emptyRecord("", RecordDeclaration::Kind::Union);
         const Type* innerType = types.declared(*inner);
-        record->append(std::move(inner));
-        record->append(make<FieldDeclaration>("", innerType));
-        record->append(make<FieldDeclaration>("bits", intType, literal("3")));
-        auto color = make<EnumDeclaration>("color");
-        color->setComplete(true);
+        outer->append(std::move(inner));
+        outer->append(make<FieldDeclaration>("", innerType));
+        outer->append(make<FieldDeclaration>("bits", intType, literal("3")));
+        auto color = emptyEnum("color");
         color->append(make<EnumeratorDeclaration>("RED", 0, literal("0")));
-        auto statement = make<DeclarationStatement>();
-        statement->append(std::move(record));
-        statement->append(std::move(color));
-        statement->append(make<TypedefDeclaration>("word", intType));
-        statement->append(make<OpaqueDeclaration>("_Static_assert(1, \"\");"));
         auto length = a();
         const Type* type = arrayOf(intType, *length);
         auto array = make<VariableDeclaration>("v", type);
         array->appendBound(std::move(length));
-        statement->append(std::move(array));
-        statement->append(make<VariableDeclaration>("w", intType, values()));
-        return statement;
+        return declareHere(std::move(outer), std::move(color), make<TypedefDeclaration>("word", intType),
+                           make<OpaqueDeclaration>("_Static_assert(1, \"\");"), std::move(array),
+                           intVariable("w", values()));
     }
 
     std::unique_ptr<BlockStatement> statements() {
@@ -114,9 +100,8 @@ struct WholeLanguage : Names {
         auto asmStatement = make<OpaqueStatement>("asm (\"nop\"\n : \"=r\" (a));");
         asmStatement->appendOperand(a());
         body->append(std::move(asmStatement));
-        auto counter = make<DeclarationStatement>();
-        counter->append(make<VariableDeclaration>("i", intType, a()));
-        body->append(make<ForStatement>(std::move(counter), b(), c(), block(make<ContinueStatement>())));
+        body->append(
+            make<ForStatement>(declareHere(intVariable("i", a())), b(), c(), block(make<ContinueStatement>())));
         body->append(make<WhileStatement>(a(), block()));
         body->append(make<DoWhileStatement>(block(), a()));
         body->append(make<ReturnStatement>(a()));
@@ -202,8 +187,7 @@ TEST(ProgramTextPiecesTest, ContinuesLongInitializersForTheirStatement) {
     auto list = make<InitializerListExpression>();
     for (int i = 0; i < 17; ++i)
         list->append(literal("1"));
-    auto statement = make<DeclarationStatement>();
-    statement->append(make<VariableDeclaration>("v", names.arrayOf(names.intType, 17), std::move(list)));
+    const auto statement = declareHere(names.variable("v", names.arrayOf(names.intType, 17), std::move(list)));
     PrintedLines out;
     out.print(*statement);
     EXPECT_EQ(out.linesOf(*statement),

@@ -5,6 +5,7 @@
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/DeclarationStatement.h"
 #include "environment/tessel/ExpressionStatement.h"
 #include "environment/tessel/LiteralExpression.h"
 #include "environment/tessel/MemberExpression.h"
@@ -24,6 +25,11 @@
 
 /// Short ways to write trees by hand in tests. Everything returns an owner unless it says otherwise.
 namespace Kova::Tests {
+
+template <class Node, class... Arguments>
+std::unique_ptr<Node> make(Arguments&&... arguments) {
+    return std::make_unique<Node>(std::forward<Arguments>(arguments)...);
+}
 
 inline Tessel::ExpressionPtr literal(const std::string& text,
                                      Tessel::LiteralExpression::Kind kind = Tessel::LiteralExpression::Kind::Integer) {
@@ -92,6 +98,14 @@ template <class... Statements>
 std::unique_ptr<Tessel::BlockStatement> block(Statements... statements) {
     auto node = std::make_unique<Tessel::BlockStatement>();
     (node->append(std::move(statements)), ...);
+    return node;
+}
+
+/// One statement that declares all of them.
+template <class... Declarations>
+std::unique_ptr<Tessel::DeclarationStatement> declareHere(Declarations... declarations) {
+    auto node = std::make_unique<Tessel::DeclarationStatement>();
+    (node->append(std::move(declarations)), ...);
     return node;
 }
 
