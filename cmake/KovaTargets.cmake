@@ -15,6 +15,11 @@ endif()
 # Installed programs find their libraries beside themselves, so that an installed tree can be moved.
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}:$ORIGIN")
 
+# What moc and rcc write is nobody's style. clang-tidy wants one check at least.
+if(CMAKE_CXX_CLANG_TIDY)
+  file(WRITE "${CMAKE_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
+endif()
+
 find_program(KOVA_CCACHE ccache)
 if(KOVA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${KOVA_CCACHE}")

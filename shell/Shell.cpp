@@ -12,6 +12,8 @@
 #include <QSettings>
 #include <QTextCodec>
 
+#include <array>
+
 namespace Kova::Shell {
 
 namespace {
@@ -44,8 +46,8 @@ ExitStatus runWindow(const Options& options, const ShellApplication& application
 ExitStatus runApplication(const Options& options, char* programName) {
     choosePlatform(!options.isBatch());
     int argc = 1;
-    char* argv[] = {programName, nullptr};
-    const ShellApplication application(argc, argv);
+    std::array<char*, 2> argv = {programName, nullptr};
+    const ShellApplication application(argc, argv.data());
     if (options.isBatch())
         return BatchRun(options).run();
     if (!isWithoutDisplay())

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "frontends/c/ClangSession_p.h"
 #include "frontends/c/DiagnosticCollector_p.h"
+#include "frontends/c/DirectiveRecorder_p.h"
+#include "frontends/c/Directives_p.h"
 #include "frontends/c/FallThroughComments_p.h"
 #include "frontends/c/IncludeRecorder_p.h"
 #include "frontends/c/Invocation_p.h"
+#include "frontends/c/ProgramMacros_p.h"
 #include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitBuilder_p.h"
 
@@ -76,10 +79,12 @@ protected:
             return std::make_unique<clang::ASTConsumer>();
         clang::Preprocessor& preprocessor = compiler.getPreprocessor();
         m_system.emplace(compiler.getSourceManager());
+        m_macros.emplace(preprocessor, *m_system);
         preprocessor.addPPCallbacks(recordSystemIncludes(preprocessor, *m_system, *m_unit));
+        preprocessor.addPPCallbacks(recordDirectives(preprocessor, *m_system, *m_macros, m_directives));
         preprocessor.addCommentHandler(&m_fallThrough);
-        return std::make_unique<BuildingConsumer>(ParsedText{preprocessor, m_fallThrough, *m_system}, m_program,
-                                                  *m_unit, m_result);
+        return std::make_unique<BuildingConsumer>(ParsedText{*m_system, *m_macros, m_fallThrough, m_directives},
+                                                  m_program, *m_unit, m_result);
     }
 
     /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
@@ -96,12 +101,15 @@ private:
     Tessel::TranslationUnit* m_unit;
     BuildResult m_result;
     FallThroughComments m_fallThrough;
+    Directives m_directives;
     std::optional<SystemHeaders> m_system;
+    std::optional<ProgramMacros> m_macros;
 };
 
 std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std::string>& line,
                                                           clang::DiagnosticsEngine& diagnostics) {
     std::vector<const char*> arguments;
+    arguments.reserve(line.size());
     for (const std::string& argument : line)
         arguments.push_back(argument.c_str());
     clang::CreateInvocationOptions options;

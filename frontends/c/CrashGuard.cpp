@@ -18,8 +18,8 @@ namespace Kova::Frontends {
 namespace {
 
 // A level of parentheses costs Clang's parser about 10 KiB. Memory is taken only as far as the stack grows.
-constexpr unsigned stackSize = 1u << 29;
-constexpr std::size_t signalStackSize = 1u << 16;
+constexpr unsigned stackSize = 1U << 29;
+constexpr std::size_t signalStackSize = 1U << 16;
 
 /// Gives the current thread a stack for signal handlers, without which an overflow could not be handled.
 class SignalStack {

@@ -16,7 +16,7 @@ namespace Kova::Frontends {
 namespace {
 
 bool isIdentifierByte(char c) {
-    return llvm::isAlnum(c) || c == '_' || c == '$' || (static_cast<unsigned char>(c) & 0x80u) != 0;
+    return llvm::isAlnum(c) || c == '_' || c == '$' || (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
 /// The macro's name at the start of a definition, which `=`, a parameter list or nothing may follow.
@@ -91,9 +91,9 @@ std::vector<std::string> makeCommandLine(const COptions& options, const std::str
     if (options.standard.empty() || options.standard.rfind("gnu", 0) == 0)
         for (const char* tolerated : {"implicit-function-declaration", "implicit-int", "int-conversion",
                                       "incompatible-function-pointer-types", "return-mismatch"})
-            line.push_back(std::string("-Wno-error=") + tolerated);
+            line.emplace_back(std::string("-Wno-error=") + tolerated);
     if (resourceDirectory.empty())
-        line.push_back("-nobuiltininc");
+        line.emplace_back("-nobuiltininc");
     else
         line.insert(line.end(), {"-resource-dir", resourceDirectory});
     if (!options.standard.empty())

@@ -74,7 +74,7 @@ const Type* TypeBuilder::makeBuiltin(const clang::BuiltinType& type, std::uint8_
     if (type.isPlaceholderType() || type.isDependentType())
         return nullptr;
     const clang::ASTContext& clang = m_context.clang;
-    const auto bits = type.isVoidType() ? 0u : static_cast<unsigned>(clang.getTypeSize(&type));
+    const auto bits = type.isVoidType() ? 0U : static_cast<unsigned>(clang.getTypeSize(&type));
     return m_context.program.getTypes().basic(type.getName(clang.getPrintingPolicy()).str(), categoryOf(type), bits,
                                               qualifiers);
 }
@@ -117,7 +117,7 @@ std::string TypeBuilder::unnamedTypeOf(const clang::Type& type) const {
         return {};
     const auto* ofExpression = llvm::dyn_cast<clang::TypeOfExprType>(&type);
     return ofExpression != nullptr
-               ? "__typeof__(" + m_context.text.textOf(*ofExpression->getUnderlyingExpr()->IgnoreParens()) + ')'
+               ? "__typeof__(" + m_context.keeper.textOf(*ofExpression->getUnderlyingExpr()->IgnoreParens()) + ')'
                : "";
 }
 
@@ -133,8 +133,8 @@ const Type* TypeBuilder::makeOther(const clang::Type& type, std::uint8_t qualifi
                            bits->isUnsigned() ? BasicType::Category::UnsignedInteger
                                               : BasicType::Category::SignedInteger,
                            bits->getNumBits(), qualifiers);
-    if (std::string text = unnamedTypeOf(type); !text.empty())
-        return types.opaque(std::move(text), qualifiers);
+    if (const std::string text = unnamedTypeOf(type); !text.empty())
+        return types.opaque(text, qualifiers);
     // Parentheses, typeof, attributes, `struct` before a name: what they stand for counts.
     clang::QualType inner = whole.getSingleStepDesugaredType(m_context.clang);
     if (const auto* atomic = llvm::dyn_cast<clang::AtomicType>(&type)) {

@@ -26,7 +26,7 @@ QString fileNameFor(const Subject& subject) {
 }
 
 QString captionFor(const Subject& subject, const View& view) {
-    const QString summary = view.summarize();
+    QString summary = view.summarize();
     if (subject.getProgram() != nullptr)
         return summary;
     return QString("%1:%2, %3").arg(subject.getFile()).arg(subject.getLine()).arg(summary);
@@ -34,7 +34,9 @@ QString captionFor(const Subject& subject, const View& view) {
 
 } // namespace
 
-Gallery::Gallery(const OpenedProgram& program, const QString& directory) : m_program(program), m_directory(directory) {}
+Gallery::Gallery(const OpenedProgram& program, QString directory)
+    : m_program(program),
+      m_directory(std::move(directory)) {}
 
 QStringList Gallery::write() {
     if (!QDir().mkpath(m_directory))

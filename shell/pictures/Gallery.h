@@ -15,7 +15,7 @@ class OpenedProgram;
 class Gallery {
 public:
     /// @param directory is made when missing.
-    Gallery(const OpenedProgram& program, const QString& directory);
+    Gallery(const OpenedProgram& program, QString directory);
 
     /// Writes as much as can be written; files of the same names are replaced.
     /// @return what could not be, a line each; empty when all is done.

@@ -34,7 +34,7 @@ QString link(const QString& file, const QString& content) {
 QString figure(const GalleryEntry& entry) {
     const QString title = entry.subject.toHtmlEscaped();
     const QString shown = entry.png.isEmpty() ? entry.svg : entry.png;
-    const QString image = QString("<img src=\"%1\" alt=\"%2\" loading=\"lazy\">")
+    const QString image = QString(R"(<img src="%1" alt="%2" loading="lazy">)")
                               .arg(QString::fromLatin1(QUrl::toPercentEncoding(shown)), title);
     QStringList links;
     if (!entry.png.isEmpty())

@@ -17,7 +17,7 @@ constexpr int mostPixelsPerSide = 32767;
 
 /// Qt gives a size in millimetres, which programs turn into different numbers of pixels: a unit shall be a pixel.
 QByteArray withSizeInPixels(const QByteArray& svg, const QSize& size) {
-    static const QRegularExpression millimetres("<svg width=\"[^\"]*mm\" height=\"[^\"]*mm\"");
+    static const QRegularExpression millimetres(R"(<svg width="[^"]*mm" height="[^"]*mm")");
     const QRegularExpressionMatch match = millimetres.match(QString::fromUtf8(svg.left(1000)));
     const QByteArray found = match.captured().toUtf8();
     const int place = found.isEmpty() ? -1 : svg.indexOf(found);
@@ -25,7 +25,7 @@ QByteArray withSizeInPixels(const QByteArray& svg, const QSize& size) {
         return svg;
     // White as an image, also where a program shows pictures on a dark page.
     const QString pixels =
-        QString("<svg width=\"%1\" height=\"%2\" style=\"background:white\"").arg(size.width()).arg(size.height());
+        QString(R"(<svg width="%1" height="%2" style="background:white")").arg(size.width()).arg(size.height());
     return svg.left(place) + pixels.toUtf8() + svg.mid(place + found.size());
 }
 

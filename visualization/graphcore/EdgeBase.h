@@ -38,6 +38,7 @@ public:
 
     /// Without a size: a subclass object deleted as EdgeBase may be larger than sizeof(EdgeBase).
     static void operator delete(void* memory) { ::operator delete(memory); }
+    static void* operator new(std::size_t size) { return ::operator new(size); }
 
     /// Recomputes curve and arrowhead from the positions of the nodes, the shape kind and the bend index.
     void updatePos();

@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+#include <array>
+
 namespace Kova::GUI::GenericGraph {
 
 void GenericGraphWidgetBase::mousePressEvent(QMouseEvent* event) {
@@ -55,7 +57,8 @@ void GenericGraphWidgetBase::hover(QMouseEvent* event) {
 
 EdgeBase* GenericGraphWidgetBase::probeEdge(const QPoint& position) const {
     // In graph units, so that lines one unit beside the position are found too.
-    static constexpr QPoint offsets[] = {{0, 0}, {-1, 0}, {1, 0}, {0, -1}, {0, 1}};
+    static constexpr std::array<QPoint, 5> offsets = {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1),
+                                                      QPoint(0, 1)};
     for (const QPoint& offset : offsets) {
         if (EdgeBase* edge = findEdgeByPosition(position + offset))
             return edge;

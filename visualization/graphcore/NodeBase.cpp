@@ -26,7 +26,7 @@ void updateAll(const std::vector<EdgeBase*>& edges) {
 
 } // namespace
 
-NodeBase::NodeBase(const QString& text) : m_text(text), m_stamp(ChangeStamp::next()) {}
+NodeBase::NodeBase(QString text) : m_text(std::move(text)), m_stamp(ChangeStamp::next()) {}
 
 NodeBase::~NodeBase() = default;
 

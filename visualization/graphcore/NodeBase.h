@@ -33,7 +33,7 @@ public:
         Source = 2 ///< has no incoming entries; an isolated node is a source
     };
 
-    explicit NodeBase(const QString& text);
+    explicit NodeBase(QString text);
     ~NodeBase();
     NodeBase(const NodeBase&) = delete;
     NodeBase& operator=(const NodeBase&) = delete;
@@ -42,6 +42,7 @@ public:
 
     /// Without a size: a subclass object deleted as NodeBase is larger than sizeof(NodeBase).
     static void operator delete(void* memory) { ::operator delete(memory); }
+    static void* operator new(std::size_t size) { return ::operator new(size); }
     /// Destroys a node made with new, whatever its subclass, as a plain NodeBase. Null is allowed.
     static void destroy(NodeBase* node);
 
@@ -49,9 +50,9 @@ public:
     [[nodiscard]] virtual QPoint cutEdge(const QPoint& a, const QPoint& b) const;
     /// Sizes the box to the label plus 10 units each way, keeps x centred and y as it is, and updates the edges.
     virtual void updateSize(QFontMetrics& metrics);
-    /// Paints the node with the painter's font and brush, which it leaves as they were, like the transform; nothing
-    /// when invisible. Must depend on the node alone: after a change of anything that it reads, a subclass calls
-    /// touch().
+    /// Paints the node with the painter's font and brush, which it leaves as they were, like transform and clip;
+    /// nothing when invisible. Must depend on the node alone: after a change of anything that it reads, a subclass
+    /// calls touch().
     virtual void draw(QPainter& painter, bool selected) const;
 
     /// Counts list entries, those of deleted edges included.
@@ -59,7 +60,8 @@ public:
     void attach(EdgeBase* edge, Direction direction);
     /// Overwrites the edge's entry with null, so that a walk over the list stays valid. Ignores absent edges.
     void detach(EdgeBase* edge, Direction direction);
-    /// Recomputes the geometry of all incoming, then all outgoing edges; a loop is in both lists.
+    /// Recomputes the geometry of all incoming, then all outgoing edges; a loop is in both lists. What is attached or
+    /// detached meanwhile makes no difference; no edge may be destroyed meanwhile.
     void notifyEdges();
     /// Places the centre.
     void moveTo(int centerX, int centerY);

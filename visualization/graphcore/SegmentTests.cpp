@@ -33,7 +33,7 @@ bool isInCorridor(const QPoint& a, const QPoint& b, const QPoint& point) {
     const WideInt cross = magnitude(crossProduct(a, b, point));
     if (cross > corridorReach * gridLength(a, b))
         return false;
-    return cross * cross <= corridorReach * corridorReach * squaredDistance(a, b);
+    return cross * cross <= WideInt{corridorReach} * corridorReach * squaredDistance(a, b);
 }
 
 bool isOnSegment(const QPoint& from, const QPoint& to, const QPoint& point) {

@@ -56,8 +56,9 @@ std::string freeKey(const Map& taken, const SubroutineDeclaration& procedure) {
     if (taken.count(key) == 0)
         return key;
     key = name + " (" + path + ")";
+    const std::string beginning = name + " (" + path + ", ";
     for (int number = 2; taken.count(key) != 0; ++number)
-        key = name + " (" + path + ", " + std::to_string(number) + ")";
+        key = beginning + std::to_string(number) + ")";
     return key;
 }
 
