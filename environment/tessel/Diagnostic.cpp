@@ -3,9 +3,7 @@
 
 namespace Kova::Tessel {
 
-namespace {
-
-const char* levelName(Diagnostic::Level level) {
+const char* toString(Diagnostic::Level level) {
     switch (level) {
     case Diagnostic::Level::Note:
         return "note";
@@ -17,8 +15,6 @@ const char* levelName(Diagnostic::Level level) {
     return "error";
 }
 
-} // namespace
-
 std::string toString(const Diagnostic& diagnostic) {
     std::string text = diagnostic.file;
     if (!text.empty() && diagnostic.line != 0) {
@@ -28,7 +24,7 @@ std::string toString(const Diagnostic& diagnostic) {
     }
     if (!text.empty())
         text += ": ";
-    return text + levelName(diagnostic.level) + ": " + diagnostic.text;
+    return text + toString(diagnostic.level) + ": " + diagnostic.text;
 }
 
 } // namespace Kova::Tessel

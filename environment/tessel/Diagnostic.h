@@ -19,6 +19,9 @@ struct Diagnostic {
     std::string text;
 };
 
+/// `note`, `warning`, `error`.
+[[nodiscard]] const char* toString(Diagnostic::Level level);
+
 /// `file:line:column: level: text`, without the parts that are unknown.
 [[nodiscard]] std::string toString(const Diagnostic& diagnostic);
 

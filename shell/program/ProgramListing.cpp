@@ -24,18 +24,6 @@ QString nameOf(OpenedFile::State state) {
     return "unreadable";
 }
 
-QString nameOf(Tessel::Diagnostic::Level level) {
-    switch (level) {
-    case Tessel::Diagnostic::Level::Note:
-        return "note";
-    case Tessel::Diagnostic::Level::Warning:
-        return "warning";
-    case Tessel::Diagnostic::Level::Error:
-        break;
-    }
-    return "error";
-}
-
 int number(std::uint32_t value) {
     return static_cast<int>(value);
 }
@@ -92,7 +80,7 @@ QJsonArray listDiagnostics(const Tessel::ProgramUnit& unit) {
         diagnostics.append(QJsonObject{{"file", QString::fromStdString(diagnostic.file)},
                                        {"line", number(diagnostic.line)},
                                        {"column", number(diagnostic.column)},
-                                       {"level", nameOf(diagnostic.level)},
+                                       {"level", toString(diagnostic.level)},
                                        {"text", QString::fromStdString(diagnostic.text)}});
     return diagnostics;
 }

@@ -33,6 +33,12 @@ QStringList localFiles(const QMimeData& data) {
     return paths;
 }
 
+template <class Action>
+auto whileWaiting(Action action) {
+    const WaitCursor cursor;
+    return action();
+}
+
 } // namespace
 
 MainWindow::MainWindow(QSettings& settings, const Frontends::COptions& reading)
@@ -107,21 +113,13 @@ ExitStatus MainWindow::start(const Options& options) {
 }
 
 bool MainWindow::openFiles(const QStringList& paths) {
-    bool success = false;
-    {
-        const WaitCursor cursor;
-        success = m_session.open(paths);
-    }
+    const bool success = whileWaiting([&] { return m_session.open(paths); });
     finishReading(success, paths);
     return success;
 }
 
 bool MainWindow::addFiles(const QStringList& paths) {
-    bool success = false;
-    {
-        const WaitCursor cursor;
-        success = m_session.add(paths);
-    }
+    const bool success = whileWaiting([&] { return m_session.add(paths); });
     finishReading(success, paths);
     return success;
 }
@@ -129,11 +127,7 @@ bool MainWindow::addFiles(const QStringList& paths) {
 bool MainWindow::reload() {
     m_wanted = SubjectFinder::identify(m_subject);
     const ViewPane::Position position = m_pane->getPosition();
-    bool success = false;
-    {
-        const WaitCursor cursor;
-        success = m_session.reload();
-    }
+    const bool success = whileWaiting([&] { return m_session.reload(); });
     m_wanted = SubjectFinder::Identity();
     finishReading(success, m_session.getPaths());
     if (success)

@@ -14,6 +14,9 @@ TEST(DiagnosticTest, SaysWhereWhatAndHowBad) {
     EXPECT_EQ(toString({Level::Note, "a.c", 0, 0, "see"}), "a.c: note: see");
     EXPECT_EQ(toString({Level::Error, "a.c", 0, 7, "x"}), "a.c: error: x");
     EXPECT_EQ(toString({Level::Error, "", 3, 7, "x"}), "error: x");
+    EXPECT_STREQ(toString(Level::Note), "note");
+    EXPECT_STREQ(toString(Level::Warning), "warning");
+    EXPECT_STREQ(toString(Level::Error), "error");
     EXPECT_EQ(Diagnostic().level, Level::Error);
 }
 
