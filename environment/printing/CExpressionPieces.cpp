@@ -4,7 +4,7 @@
 #include "environment/printing/CDeclarator.h"
 #include "environment/printing/COperators.h"
 #include "environment/printing/ClearParentheses.h"
-#include "environment/printing/NamesInText.h"
+#include "environment/printing/OperandsInText.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/CastExpression.h"
@@ -113,11 +113,9 @@ void CExpressionPieces::operand(BinaryOperator operation, const ExpressionBase* 
     child(operand, isClear() && isClearerInParentheses(operation, operand) ? Precedence::Primary : context);
 }
 
-void CExpressionPieces::sourceText(const std::string& text) {
-    if (m_node->getChildCount() == 0)
-        m_out->text(toOneLine(text, textStyle()), *m_node);
-    else
-        m_out->append(splitAtNames(toOneLine(text, textStyle()), *m_node));
+void CExpressionPieces::sourceText(const std::string& text,
+                                   const std::vector<std::optional<TextPlace>>& operandPlaces) {
+    m_out->append(splitAtOperands(text, textStyle(), *m_node, operandPlaces));
 }
 
 void CExpressionPieces::visit(VariableReference& node) {
@@ -356,7 +354,7 @@ void CExpressionPieces::visit(LabelAddressExpression& node) {
 
 void CExpressionPieces::visit(OpaqueExpression& node) {
     setPrecedence(precedenceOfText(node.getText()));
-    sourceText(node.getText());
+    sourceText(node.getText(), node.getOperandPlaces());
 }
 
 } // namespace Kova::Backends

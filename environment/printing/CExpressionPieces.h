@@ -7,9 +7,12 @@
 #include "environment/printing/SourceText.h"
 #include "environment/tessel/BaseVisitor.h"
 #include "environment/tessel/Operators.h"
+#include "environment/tessel/TextPlace.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Kova::Backends {
 
@@ -61,8 +64,9 @@ protected:
     void text(const char* text) { m_out->text(text, *m_node); }
     void text(std::string text) { m_out->text(std::move(text), *m_node); }
     void name(const std::string& name) { m_out->name(name, *m_node); }
-    /// Source text with the names that expressions below the node mention as pieces for these.
-    void sourceText(const std::string& text);
+    /// Source text with what is below the node in its places, see splitAtOperands.
+    void sourceText(const std::string& text,
+                    const std::vector<std::optional<Tessel::TextPlace>>& operandPlaces = {});
     void child(const Tessel::TesselBase* node, Precedence context = Precedence::Comma) { m_out->node(node, context); }
     void type(const Tessel::Type* type) { m_out->type(type, *m_node); }
     /// The children from a number on, with commas between them, as arguments are.

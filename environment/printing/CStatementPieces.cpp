@@ -166,7 +166,7 @@ void CStatementPieces::visit(NullStatement& /*node*/) {
 }
 
 void CStatementPieces::visit(OpaqueStatement& node) {
-    sourceText(node.getText());
+    sourceText(node.getText(), node.getOperandPlaces());
 }
 
 void CStatementPieces::visit(ForStatement& node) {

@@ -2,10 +2,13 @@
 #pragma once
 
 #include "environment/tessel/ExpressionBase.h"
+#include "environment/tessel/TextPlace.h"
 #include "environment/tessel/Visitable.h"
 
+#include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Kova::Tessel {
 
@@ -16,10 +19,17 @@ public:
     explicit OpaqueExpression(std::string text) : m_text(std::move(text)) {}
 
     [[nodiscard]] const std::string& getText() const { return m_text; }
-    void appendOperand(ExpressionPtr operand) { appendChild(std::move(operand)); }
+    /// @param place what of the text the operand is and prints instead of; none when that is not known.
+    void appendOperand(ExpressionPtr operand, std::optional<TextPlace> place = std::nullopt) {
+        appendChild(std::move(operand));
+        m_places.push_back(place);
+    }
+    /// One for each operand, see appendOperand.
+    [[nodiscard]] const std::vector<std::optional<TextPlace>>& getOperandPlaces() const { return m_places; }
 
 private:
     std::string m_text;
+    std::vector<std::optional<TextPlace>> m_places;
 };
 
 } // namespace Kova::Tessel

@@ -208,7 +208,7 @@ bool isKeptByTable(const clang::Decl& declaration) {
 DeclarationPtr makeOpaque(UnitContext& context, const clang::Decl& declaration) {
     std::string text = llvm::isa<clang::LabelDecl>(declaration)
                            ? "__label__ " + llvm::cast<clang::LabelDecl>(declaration).getNameAsString()
-                           : context.text.textOf(declaration);
+                           : context.keeper.textOf(declaration);
     // Clang renders it as C23 has it.
     if (llvm::isa<clang::StaticAssertDecl>(declaration) && text.rfind("static_assert", 0) == 0)
         text.replace(0, 1, "_S");

@@ -7,6 +7,7 @@
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
 #include "frontends/c/DeclarationTable_p.h"
+#include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/Decl.h>
@@ -17,11 +18,22 @@ using namespace Tessel;
 
 namespace {
 
+/// Clang takes the function for operands of a size, such as `__sync_fetch_and_add_4`, where the source writes the one
+/// for all.
+void cutSize(std::string& name) {
+    const std::size_t digits = name.find_last_not_of("0123456789") + 1;
+    if (name.rfind("__sync_", 0) == 0 && digits != name.size() && name[digits - 1] == '_')
+        name.resize(digits - 1);
+}
+
 /// A declaration with its name and nothing else. Only for the kinds that the table hands out.
 DeclarationPtr makeShell(const clang::Decl& declaration) {
     std::string name = llvm::cast<clang::NamedDecl>(declaration).getDeclName().getAsString();
-    if (llvm::isa<clang::FunctionDecl>(declaration))
+    if (const auto* function = llvm::dyn_cast<clang::FunctionDecl>(&declaration)) {
+        if (function->getBuiltinID() != 0)
+            cutSize(name);
         return std::make_unique<SubroutineDeclaration>(std::move(name), nullptr);
+    }
     if (llvm::isa<clang::VarDecl>(declaration))
         return std::make_unique<VariableDeclaration>(std::move(name), nullptr);
     if (llvm::isa<clang::TypedefNameDecl>(declaration))
@@ -93,7 +105,7 @@ bool DeclarationTable::isExternal(const clang::Decl& declaration) const {
     const auto* function = llvm::dyn_cast<clang::FunctionDecl>(&declaration);
     if (function != nullptr && function->isImplicit() && function->getBuiltinID() != 0)
         return true;
-    return m_context.text.isExternal(declaration.getLocation());
+    return m_context.system.isExternal(declaration.getLocation());
 }
 
 DeclarationBase& DeclarationTable::obtain(const clang::Decl& declaration) {

@@ -38,9 +38,7 @@ class ExpressionVisitor : public clang::ConstStmtVisitor<ExpressionVisitor, Expr
 public:
     explicit ExpressionVisitor(UnitContext& context) : m_context(context) {}
 
-    ExpressionPtr VisitStmt(const clang::Stmt* expression) {
-        return withOperands(makeOpaque(*expression), *expression);
-    }
+    ExpressionPtr VisitStmt(const clang::Stmt* expression) { return makeOpaque(m_context.keeper.keep(*expression)); }
 
     ExpressionPtr VisitExpr(const clang::Expr* expression) {
         ExpressionPtr literal = buildLiteral(m_context, *expression);
@@ -87,26 +85,23 @@ public:
     }
 
 private:
-    [[nodiscard]] ExpressionPtr withOperands(std::unique_ptr<OpaqueExpression> opaque, const clang::Stmt& of) {
-        for (const clang::Stmt* child : of.children())
-            if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
-                opaque->appendOperand(build(operand));
-        return opaque;
-    }
+    [[nodiscard]] ExpressionPtr makeOpaque(KeptText kept);
     /// The use of a system header's macro as it is written.
     [[nodiscard]] ExpressionPtr makeMacroUse(const clang::Expr& expression) {
-        std::string use = m_context.text.macroUseOf(expression);
-        if (use.empty())
-            return VisitStmt(&expression);
-        return withOperands(std::make_unique<OpaqueExpression>(std::move(use)), expression);
+        KeptText use = m_context.keeper.keepMacroUse(expression);
+        return use.text.empty() ? VisitStmt(&expression) : makeOpaque(std::move(use));
     }
     [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
-    [[nodiscard]] std::unique_ptr<OpaqueExpression> makeOpaque(const clang::Stmt& expression) const {
-        return std::make_unique<OpaqueExpression>(m_context.text.textOf(expression));
-    }
 
     UnitContext& m_context;
 };
+
+ExpressionPtr ExpressionVisitor::makeOpaque(KeptText kept) {
+    auto opaque = std::make_unique<OpaqueExpression>(std::move(kept.text));
+    for (const KeptText::Operand& operand : kept.operands)
+        opaque->appendOperand(build(operand.expression), operand.place);
+    return opaque;
+}
 
 ExpressionPtr ExpressionVisitor::VisitDeclRefExpr(const clang::DeclRefExpr* reference) {
     const clang::ValueDecl* meant = reference->getDecl();
@@ -186,7 +181,7 @@ ExpressionPtr ExpressionVisitor::VisitUnaryExprOrTypeTraitExpr(const clang::Unar
     const clang::UnaryExprOrTypeTrait kind = query->getKind();
     // Any other question is asked of a type or of an operand that is not evaluated.
     if (kind != clang::UETT_SizeOf && kind != clang::UETT_AlignOf && kind != clang::UETT_PreferredAlignOf)
-        return makeOpaque(*query);
+        return std::make_unique<OpaqueExpression>(m_context.keeper.textOf(*query));
     const auto asked =
         kind == clang::UETT_SizeOf ? TypeQueryExpression::Query::SizeOf : TypeQueryExpression::Query::AlignOf;
     if (!query->isArgumentType())

@@ -47,15 +47,13 @@ public:
     /// The block of a body, which need not be in braces in the source.
     [[nodiscard]] BlockPtr buildBlock(const clang::Stmt* body);
 
-    StatementPtr VisitStmt(const clang::Stmt* statement) {
-        return makeOpaque(*statement, m_context.text.textOf(*statement));
-    }
+    StatementPtr VisitStmt(const clang::Stmt* statement) { return makeOpaque(m_context.keeper.keep(*statement)); }
     // Clang's range of an assembly ends before its semicolon, its rendering behind it.
     StatementPtr VisitAsmStmt(const clang::AsmStmt* statement) {
-        std::string text = m_context.text.textOf(*statement);
-        if (text.empty() || text.back() != ';')
-            text += ';';
-        return makeOpaque(*statement, std::move(text));
+        KeptText kept = m_context.keeper.keep(*statement);
+        if (kept.text.empty() || kept.text.back() != ';')
+            kept.text += ';';
+        return makeOpaque(std::move(kept));
     }
     StatementPtr VisitExpr(const clang::Expr* expression) {
         return std::make_unique<ExpressionStatement>(buildExpression(m_context, *expression));
@@ -98,8 +96,7 @@ private:
     /// Appends the labels before a statement and gives the statement that they mark.
     const clang::Stmt& appendLabels(BlockStatement& block, const clang::Stmt& statement);
     void appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next);
-    StatementPtr makeOpaque(const clang::Stmt& statement, std::string text);
-    void appendOperands(OpaqueStatement& opaque, const clang::Stmt& of);
+    StatementPtr makeOpaque(KeptText kept);
 
     UnitContext& m_context;
 };
@@ -225,19 +222,11 @@ StatementPtr StatementVisitor::VisitForStmt(const clang::ForStmt* loop) {
                                           buildBlock(loop->getBody()));
 }
 
-StatementPtr StatementVisitor::makeOpaque(const clang::Stmt& statement, std::string text) {
-    auto opaque = std::make_unique<OpaqueStatement>(std::move(text));
-    appendOperands(*opaque, statement);
+StatementPtr StatementVisitor::makeOpaque(KeptText kept) {
+    auto opaque = std::make_unique<OpaqueStatement>(std::move(kept.text));
+    for (const KeptText::Operand& operand : kept.operands)
+        opaque->appendOperand(build(operand.expression), operand.place);
     return opaque;
-}
-
-void StatementVisitor::appendOperands(OpaqueStatement& opaque, const clang::Stmt& of) {
-    for (const clang::Stmt* child : of.children()) {
-        if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
-            opaque.appendOperand(build(operand));
-        else if (child != nullptr)
-            appendOperands(opaque, *child);
-    }
 }
 
 } // namespace

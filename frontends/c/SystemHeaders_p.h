@@ -22,6 +22,8 @@ public:
 
     /// True for a place in one of the system's headers. @param where may be in a macro, which is where it is used.
     [[nodiscard]] bool hold(clang::SourceLocation where) const;
+    /// True for what no file of the user's holds: in a system header, or built into the compiler.
+    [[nodiscard]] bool isExternal(clang::SourceLocation where) const { return where.isInvalid() || hold(where); }
     /// True for a header that is the user's although it claims to be the system's.
     [[nodiscard]] bool isClaimOnly(const clang::FileEntry& file) const { return m_claims.contains(&file); }
 

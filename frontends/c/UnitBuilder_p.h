@@ -3,7 +3,6 @@
 
 namespace clang {
 class ASTContext;
-class Preprocessor;
 } // namespace clang
 
 namespace Kova::Tessel {
@@ -13,14 +12,18 @@ class TranslationUnit;
 
 namespace Kova::Frontends {
 
+class Directives;
 class FallThroughComments;
+class ProgramMacros;
 class SystemHeaders;
 
 /// What Clang's tree does not say of the text that it was made from.
 struct ParsedText {
-    const clang::Preprocessor& preprocessor;
-    const FallThroughComments& fallThrough;
     const SystemHeaders& system;
+    const ProgramMacros& macros;
+    const FallThroughComments& fallThrough;
+    /// Handed out while the tree is built.
+    Directives& directives;
 };
 
 /// Fills a unit with what Clang has parsed: the user's declarations in program order as its children, what they use of

@@ -5,6 +5,7 @@
 #include "environment/tessel/DeclarationBase.h"
 #include "environment/tessel/ExpressionBase.h"
 #include "frontends/c/DeclarationTable_p.h"
+#include "frontends/c/KeptText_p.h"
 #include "frontends/c/SourcePlaces_p.h"
 #include "frontends/c/TypeBuilder_p.h"
 #include "frontends/c/UnitBuilder_p.h"
@@ -33,16 +34,22 @@ struct UnitContext {
         : clang(context),
           program(ofProgram),
           unit(ofUnit),
+          system(parsed.system),
           fallThrough(parsed.fallThrough),
-          text(context, parsed, ofProgram),
+          directives(parsed.directives),
+          text(context, ofProgram),
+          keeper(context, parsed),
           types(*this),
           declarations(*this) {}
 
     clang::ASTContext& clang;
     Tessel::ProgramUnit& program;
     Tessel::TranslationUnit& unit;
+    const SystemHeaders& system;
     const FallThroughComments& fallThrough;
+    Directives& directives;
     SourcePlaces text;
+    TextKeeper keeper;
     TypeBuilder types;
     DeclarationTable declarations;
     /// Of the body under construction.

@@ -110,33 +110,12 @@ TEST(SourcePlacesTest, everyNodeHasAPlaceInItsFile) {
     }
 }
 
-TEST(SourcePlacesTest, opaqueTextFromAMacroIsWrittenOut) {
-    EXPECT_EQ(bodyOf("a = KIND(int);", "#define KIND(t) __builtin_types_compatible_p(t, long)\nint a;"),
-              "(= a (opaque `__builtin_types_compatible_p(int, long)`))\n");
-}
-
-TEST(SourcePlacesTest, textThatMentionsTheProgramsMacrosIsRenderedWithoutThem) {
-    EXPECT_EQ(bodyOf("__asm__ (\"\" : : \"r\" (a));", "int a;"), "opaque `__asm__ (\"\" : : \"r\" (a));` a\n");
-    EXPECT_EQ(bodyOf("__asm__ (\"\" : : \"r\" (N));", "\n#define N 4\n"), "opaque `asm (\"\" :  : \"r\" (4));` 4\n");
-    EXPECT_EQ(Reading("#define N 4\n_Static_assert(sizeof(int) == N, \"\");").tree(),
-              "opaque `_Static_assert(sizeof(int) == 4, \"\");`\n");
-}
-
 TEST(SourcePlacesTest, membersBehindMacrosOfTheirName) {
     const std::string header = "struct inner { int handler; };\nstruct outer { struct inner in; };\n";
     EXPECT_EQ(bodyOf("o.handler = 1;", header + "#define handler in.handler\nstruct outer o;"),
               "(= (. o handler) 1)\n");
     EXPECT_EQ(bodyOf("o.other = 1;", header + "#define other in.handler\nstruct outer o;"),
               "(= (. (. o in) handler) 1)\n");
-}
-
-TEST(SourcePlacesTest, usesOfMacrosThatOnlyClangKnowsTheMeaningOf) {
-    const std::string declarations =
-        "\n#include <stdatomic.h>\n#define N 4\n#define TWICE(x) (2 * (x))\natomic_int a;\n";
-    EXPECT_NE(bodyOf("atomic_store(&a, 3);", declarations).find("`atomic_store(&a, 3)`"), std::string::npos);
-    EXPECT_NE(bodyOf("atomic_fetch_add(&a, N);", declarations).find("`atomic_fetch_add(&a, 4)`"), std::string::npos);
-    EXPECT_NE(bodyOf("atomic_store(&a, TWICE(N));", declarations).find("`atomic_store(&a, (2 * (4)))`"),
-              std::string::npos);
 }
 
 } // namespace Kova::Frontends

@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+#include "frontends/c/KeptText_p.h"
+#include "frontends/c/ProgramMacros_p.h"
+#include "frontends/c/SystemHeaders_p.h"
+#include "frontends/c/UnitContext_p.h"
+
+#include <clang/AST/ASTContext.h>
+#include <clang/AST/Decl.h>
+#include <clang/AST/Expr.h>
+#include <clang/AST/PrettyPrinter.h>
+#include <clang/Basic/SourceManager.h>
+#include <clang/Lex/Lexer.h>
+#include <llvm/Support/raw_ostream.h>
+
+#include <algorithm>
+#include <map>
+
+namespace Kova::Frontends {
+
+using Tessel::TextPlace;
+
+namespace {
+
+/// Labels that assembly may jump to are written as names.
+bool isWrittenAsExpression(const clang::Expr& operand) {
+    return !llvm::isa<clang::AddrLabelExpr>(operand);
+}
+
+void collectOperands(const clang::Stmt& node, std::vector<KeptText::Operand>& operands) {
+    for (const clang::Stmt* child : node.children()) {
+        if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+            operands.push_back({&skipInvisible(*operand), std::nullopt});
+        else if (child != nullptr)
+            collectOperands(*child, operands);
+    }
+    if (const auto* assembly = llvm::dyn_cast<clang::GCCAsmStmt>(&node))
+        for (const clang::AddrLabelExpr* label : assembly->labels())
+            operands.push_back({label, std::nullopt});
+}
+
+bool arePlaced(const std::vector<KeptText::Operand>& operands) {
+    return std::all_of(operands.begin(), operands.end(), [](const KeptText::Operand& operand) {
+        return operand.place || !isWrittenAsExpression(*operand.expression);
+    });
+}
+
+void sortByPlace(std::vector<KeptText::Operand>& operands) {
+    std::stable_sort(operands.begin(), operands.end(), [](const KeptText::Operand& a, const KeptText::Operand& b) {
+        return a.place && (!b.place || a.place->begin < b.place->begin);
+    });
+}
+
+/// Notes where Clang's printer puts the operands.
+class PlaceNotes final : public clang::PrinterHelper {
+public:
+    PlaceNotes(std::vector<KeptText::Operand>& operands, const clang::PrintingPolicy& policy)
+        : m_operands(operands),
+          m_policy(policy) {}
+
+    bool handledStmt(clang::Stmt* node, llvm::raw_ostream& stream) override {
+        for (KeptText::Operand& operand : m_operands) {
+            if (operand.expression != node || operand.place || !isWrittenAsExpression(*operand.expression))
+                continue;
+            const std::size_t begin = stream.tell();
+            node->printPretty(stream, nullptr, m_policy);
+            operand.place = {begin, stream.tell()};
+            return true;
+        }
+        return false;
+    }
+
+private:
+    std::vector<KeptText::Operand>& m_operands;
+    const clang::PrintingPolicy& m_policy;
+};
+
+/// Finds what the arguments of a macro's use mean, in their order.
+class ArgumentSearch {
+public:
+    /// @param inUse a place in the use's expansion.
+    ArgumentSearch(const clang::SourceManager& sources, clang::SourceLocation inUse)
+        : m_sources(sources),
+          m_use(sources.getFileID(inUse)),
+          m_around(sources.getFileID(sources.getImmediateExpansionRange(inUse).getBegin())) {}
+
+    void search(const clang::Stmt& node) {
+        const clang::SourceLocation given = givenAt(node.getBeginLoc());
+        if (given.isValid()) {
+            if (const auto* argument = llvm::dyn_cast<clang::Expr>(&node))
+                m_found.emplace(writtenAt(given), argument);
+            return;
+        }
+        for (const clang::Stmt* child : node.children())
+            if (child != nullptr)
+                search(*child);
+    }
+    [[nodiscard]] const std::map<unsigned, const clang::Expr*>& getFound() const { return m_found; }
+
+private:
+    /// Where an argument of the use goes into its expansion, if a place comes of one. The use may be an argument of
+    /// another macro in turn.
+    [[nodiscard]] clang::SourceLocation givenAt(clang::SourceLocation place) const {
+        for (; m_sources.isMacroArgExpansion(place); place = m_sources.getImmediateSpellingLoc(place))
+            if (m_sources.getFileID(m_sources.getImmediateExpansionRange(place).getBegin()) == m_use)
+                return place;
+        return {};
+    }
+    /// The use may stand in another macro, and what it is given may be an argument of that.
+    [[nodiscard]] unsigned writtenAt(clang::SourceLocation argument) const {
+        clang::SourceLocation place = m_sources.getImmediateSpellingLoc(argument);
+        while (m_sources.getFileID(place) != m_around && m_sources.isMacroArgExpansion(place))
+            place = m_sources.getImmediateExpansionRange(place).getBegin();
+        return place.getRawEncoding();
+    }
+
+    const clang::SourceManager& m_sources;
+    clang::FileID m_use;
+    clang::FileID m_around;
+    std::map<unsigned, const clang::Expr*> m_found;
+};
+
+} // namespace
+
+TextKeeper::TextKeeper(const clang::ASTContext& context, const ParsedText& parsed)
+    : m_context(context),
+      m_system(parsed.system),
+      m_macros(parsed.macros),
+      m_sources(context.getSourceManager()) {}
+
+std::string TextKeeper::fileText(clang::SourceRange range) const {
+    if (range.isInvalid() || range.getBegin().isMacroID() || range.getEnd().isMacroID())
+        return {};
+    bool invalid = false;
+    const llvm::StringRef text = clang::Lexer::getSourceText(clang::CharSourceRange::getTokenRange(range), m_sources,
+                                                             m_context.getLangOpts(), &invalid);
+    return invalid || m_macros.areIn(text.str()) ? std::string() : text.str();
+}
+
+std::optional<TextPlace> TextKeeper::placeIn(clang::SourceLocation begin, const clang::Expr& operand) const {
+    const clang::CharSourceRange range = clang::Lexer::makeFileCharRange(
+        clang::CharSourceRange::getTokenRange(operand.getSourceRange()), m_sources, m_context.getLangOpts());
+    if (range.isInvalid() || m_sources.getFileID(range.getBegin()) != m_sources.getFileID(begin) ||
+        m_sources.getFileOffset(range.getBegin()) < m_sources.getFileOffset(begin))
+        return std::nullopt;
+    const unsigned origin = m_sources.getFileOffset(begin);
+    return TextPlace{m_sources.getFileOffset(range.getBegin()) - origin,
+                     m_sources.getFileOffset(range.getEnd()) - origin};
+}
+
+KeptText TextKeeper::render(const clang::Stmt& node) const {
+    KeptText kept;
+    collectOperands(node, kept.operands);
+    const clang::PrintingPolicy& policy = m_context.getPrintingPolicy();
+    PlaceNotes notes(kept.operands, policy);
+    llvm::raw_string_ostream stream(kept.text);
+    node.printPretty(stream, &notes, policy);
+    stream.flush();
+    while (!kept.text.empty() && (kept.text.back() == '\n' || kept.text.back() == '\r'))
+        kept.text.pop_back();
+    // Every dialect of C knows this spelling.
+    const std::string plain = "asm";
+    if (llvm::isa<clang::AsmStmt>(node) && kept.text.compare(0, plain.size(), plain) == 0) {
+        kept.text.replace(0, plain.size(), "__asm__");
+        for (KeptText::Operand& operand : kept.operands)
+            if (operand.place)
+                operand.place = {operand.place->begin + 4, operand.place->end + 4};
+    }
+    sortByPlace(kept.operands);
+    return kept;
+}
+
+KeptText TextKeeper::keep(const clang::Stmt& node) const {
+    KeptText kept{fileText(node.getSourceRange()), {}};
+    if (kept.text.empty())
+        return render(node);
+    collectOperands(node, kept.operands);
+    for (KeptText::Operand& operand : kept.operands)
+        if (isWrittenAsExpression(*operand.expression))
+            operand.place = placeIn(node.getBeginLoc(), *operand.expression);
+    if (!arePlaced(kept.operands))
+        return render(node);
+    sortByPlace(kept.operands);
+    return kept;
+}
+
+std::string TextKeeper::textOf(const clang::Stmt& node) const {
+    std::string text = fileText(node.getSourceRange());
+    return text.empty() ? render(node).text : text;
+}
+
+std::string TextKeeper::textOf(const clang::Decl& node) const {
+    std::string text = fileText(node.getSourceRange());
+    if (!text.empty())
+        return text;
+    llvm::raw_string_ostream stream(text);
+    node.print(stream, m_context.getPrintingPolicy());
+    return stream.str();
+}
+
+KeptText TextKeeper::keepMacroUse(const clang::Expr& expression) const {
+    clang::SourceLocation begin = expression.getBeginLoc();
+    while (m_sources.isMacroArgExpansion(begin))
+        begin = m_sources.getImmediateSpellingLoc(begin);
+    if (!begin.isMacroID() || !m_system.isExternal(m_sources.getSpellingLoc(begin)))
+        return {};
+    ArgumentSearch arguments(m_sources, begin);
+    arguments.search(expression);
+    KeptText kept{clang::Lexer::getImmediateMacroName(begin, m_sources, m_context.getLangOpts()).str() + '(', {}};
+    for (const auto& [place, argument] : arguments.getFound()) {
+        kept.text += kept.text.back() == '(' ? "" : ", ";
+        const std::string text = textOf(*argument);
+        kept.operands.push_back({argument, TextPlace{kept.text.size(), kept.text.size() + text.size()}});
+        kept.text += text;
+    }
+    kept.text += ')';
+    return kept;
+}
+
+} // namespace Kova::Frontends
