@@ -3,6 +3,7 @@
 
 #include "shell/program/SourceReader.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,6 +17,27 @@ QString SourceFolder::write(const QString& name, const QByteArray& content) cons
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
     return file.fileName();
+}
+
+QStringList FreshFolder::filesIn(const QString& directory) const {
+    return Testing::filesIn(path(directory));
+}
+
+const SourceFiles staticsOfOneName = {{"a.c", "static int f(void) { return 1; }\n"},
+                                      {"b.c", "static int f(void) { return 2; }\n"}};
+
+WrittenProgram::WrittenProgram(const SourceFiles& files) {
+    QStringList paths;
+    for (const auto& [name, content] : files) {
+        const QString path = folder.write(name, content);
+        if (!name.endsWith(".h"))
+            paths.append(path);
+    }
+    program = readProgram(paths);
+}
+
+QStringList filesIn(const QString& directory) {
+    return QDir(directory).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
 OpenedProgram readProgram(const QStringList& paths) {

@@ -9,6 +9,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace Kova::Shell::Testing {
 
 /// A directory of source files that goes with the object.
@@ -21,6 +25,57 @@ public:
 private:
     QTemporaryDir m_directory;
 };
+
+/// For a test class: a folder that is new for every test.
+class FreshFolder {
+protected:
+    FreshFolder() = default;
+    /// To be called from init().
+    void renewFolder() { m_folder = std::make_unique<SourceFolder>(); }
+
+    QString write(const QString& name, const QByteArray& content) const { return m_folder->write(name, content); }
+    [[nodiscard]] QString path(const QString& name) const { return m_folder->path(name); }
+    /// The names of the files in a directory of the folder, hidden ones too, in order.
+    [[nodiscard]] QStringList filesIn(const QString& directory) const;
+
+private:
+    std::unique_ptr<SourceFolder> m_folder;
+};
+
+/// Two procedures, `leaf` and `main`, and two calls, on lines 3 and 4.
+inline constexpr auto twoCalls = "static int leaf(int x) { return x; }\n"
+                                 "int main(void) {\n"
+                                 "    leaf(1);\n"
+                                 "    return leaf(2);\n"
+                                 "}\n";
+
+/// Two procedures, `leaf` and `main`, and one call, in a loop.
+inline constexpr auto callInALoop = "static int leaf(int x) { return x; }\n"
+                                    "int main(void) {\n"
+                                    "    int i, s = 0;\n"
+                                    "    for (i = 0; i < 3; ++i)\n"
+                                    "        s += leaf(i);\n"
+                                    "    return s;\n"
+                                    "}\n";
+
+/// Names and contents.
+using SourceFiles = std::vector<std::pair<QString, QByteArray>>;
+
+/// Two files with a procedure `f` each.
+extern const SourceFiles staticsOfOneName;
+
+/// Files in a folder of their own, and the program that they make in that order; headers are only written.
+struct WrittenProgram {
+    explicit WrittenProgram(const SourceFiles& files);
+    /// Of one file, `a.c`.
+    explicit WrittenProgram(const QByteArray& content) : WrittenProgram(SourceFiles{{"a.c", content}}) {}
+
+    SourceFolder folder;
+    OpenedProgram program;
+};
+
+/// The names of the files in a directory, hidden ones too, in order.
+[[nodiscard]] QStringList filesIn(const QString& directory);
 
 /// The files read with default options.
 [[nodiscard]] OpenedProgram readProgram(const QStringList& paths);

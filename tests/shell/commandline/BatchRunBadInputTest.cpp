@@ -18,21 +18,16 @@ using Testing::namesIn;
 using Testing::parse;
 using Testing::runProgram;
 
-constexpr auto source = "static int leaf(int x) { return x; }\n"
-                        "int main(void) {\n"
-                        "    leaf(1);\n"
-                        "    return leaf(2);\n"
-                        "}\n";
-
+constexpr auto source = Testing::twoCalls;
 const QStringList describing = {"--view", "call-graph", "--describe"};
 
 } // namespace
 
-class BatchRunBadInputTest : public QObject {
+class BatchRunBadInputTest : public QObject, private Testing::FreshFolder {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<Testing::SourceFolder>(); }
+    void init() { renewFolder(); }
     void missingFile();
     void directory();
     void binaryFile();
@@ -49,15 +44,6 @@ private Q_SLOTS:
     void fullStandardOutput();
     void galleryCannotBeMade();
     void nothingForTheGallery();
-
-private:
-    QString write(const QString& name, const QByteArray& content) const { return m_folder->write(name, content); }
-    [[nodiscard]] QString path(const QString& name) const { return m_folder->path(name); }
-    [[nodiscard]] QStringList filesIn(const QString& directory) const {
-        return QDir(path(directory)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-
-    std::unique_ptr<Testing::SourceFolder> m_folder;
 };
 
 void BatchRunBadInputTest::missingFile() {

@@ -22,12 +22,7 @@ using Testing::namesIn;
 using Testing::parse;
 using Testing::runProgram;
 
-constexpr auto source = "static int leaf(int x) { return x; }\n"
-                        "int main(void) {\n"
-                        "    leaf(1);\n"
-                        "    return leaf(2);\n"
-                        "}\n";
-
+constexpr auto source = Testing::twoCalls;
 const QStringList describing = {"--view", "call-graph", "--describe"};
 
 QImage renderSvg(const QByteArray& svg) {
@@ -53,11 +48,11 @@ double differingShare(const QImage& one, const QImage& other) {
 
 } // namespace
 
-class BatchRunTest : public QObject {
+class BatchRunTest : public QObject, private Testing::FreshFolder {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<Testing::SourceFolder>(); }
+    void init() { renewFolder(); }
     void helpAndVersion();
     void wrongUsage();
     void describe();
@@ -70,15 +65,6 @@ private Q_SLOTS:
     void deviceGetsPng();
     void headerCountsAsTheProgramsOwn();
     void fileNamesInUtf8();
-
-private:
-    QString write(const QString& name, const QByteArray& content) const { return m_folder->write(name, content); }
-    [[nodiscard]] QString path(const QString& name) const { return m_folder->path(name); }
-    [[nodiscard]] QStringList filesIn(const QString& directory) const {
-        return QDir(path(directory)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-
-    std::unique_ptr<Testing::SourceFolder> m_folder;
 };
 
 void BatchRunTest::helpAndVersion() {

@@ -36,11 +36,11 @@ QByteArray outputOf(const QString& program, const QStringList& arguments) {
 
 } // namespace
 
-class PrintTest : public QObject {
+class PrintTest : public QObject, private Testing::FreshFolder {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<Testing::SourceFolder>(); }
+    void init() { renewFolder(); }
     void printsAFile();
     void printsTheSameAgain();
     void compiles();
@@ -51,11 +51,6 @@ private Q_SLOTS:
     void unreadableFile();
     void fullStandardOutput();
     void wrongUsage();
-
-private:
-    QString write(const QString& name, const QByteArray& content) const { return m_folder->write(name, content); }
-
-    std::unique_ptr<Testing::SourceFolder> m_folder;
 };
 
 void PrintTest::printsAFile() {
@@ -74,7 +69,7 @@ void PrintTest::compiles() {
     const QString compiler = QStandardPaths::findExecutable("gcc");
     QVERIFY2(!compiler.isEmpty(), "gcc is missing: it comes with g++, which ./test installs");
     const QString text = write("b.c", runProgram({"--print", write("a.c", source)}).out);
-    const QString program = m_folder->path("b");
+    const QString program = path("b");
     QCOMPARE(outputOf(compiler, {"-Wall", "-Wextra", "-Werror", text, "-o", program}), QByteArray());
     QCOMPARE(outputOf(program, {}), QByteArray("yes\n"));
 }
@@ -96,7 +91,7 @@ void PrintTest::printsSeveralFilesUnderTheirNames() {
 
 void PrintTest::exportsAtTheSameTime() {
     const QString file = write("a.c", source);
-    const QString picture = m_folder->path("a.png");
+    const QString picture = path("a.png");
     const Finished run =
         runProgram({"--print", "--view", "call-graph", "--function", "leaf", "--export", picture, file});
     QCOMPARE(run.status, 0);
@@ -112,7 +107,7 @@ void PrintTest::unknownFunction() {
 }
 
 void PrintTest::unreadableFile() {
-    const QString missing = m_folder->path("missing.c");
+    const QString missing = path("missing.c");
     const Finished alone = runProgram({"--print", missing});
     QCOMPARE(alone.status, 3);
     QCOMPARE(alone.out, QByteArray());

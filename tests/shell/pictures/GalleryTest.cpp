@@ -13,6 +13,8 @@ namespace Kova::Shell {
 
 namespace {
 
+using Testing::filesIn;
+
 constexpr auto source = R"(
 static int leaf(int x) { return x; }
 static int looping(int x) { return x ? looping(x - 1) : 0; }
@@ -24,10 +26,6 @@ static int deep(void) { return 1; }
 static int looping(void) { return deep(); }
 int use(void) { return looping(); }
 )";
-
-QStringList filesIn(const QString& directory) {
-    return QDir(directory).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
 
 } // namespace
 

@@ -21,24 +21,22 @@ private Q_SLOTS:
 };
 
 void ProgramOutlineTest::filesSubroutinesAndLoops() {
-    const Testing::SourceFolder folder;
-    const QString file = folder.write("a.c", "int prototype(void);\n"
-                                             "int f(int n) {\n"
-                                             "    for (int i = 0; i < n; ++i) {\n"
-                                             "        while (n)\n"
-                                             "            --n;\n"
-                                             "        if (n)\n"
-                                             "            do {\n"
-                                             "                ++n;\n"
-                                             "            } while (n < 3);\n"
-                                             "    }\n"
-                                             "    for (;;) ;\n"
-                                             "}\n"
-                                             "void g(void) {}\n");
-    const OpenedProgram program = Testing::readProgram({file});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written("int prototype(void);\n"
+                                          "int f(int n) {\n"
+                                          "    for (int i = 0; i < n; ++i) {\n"
+                                          "        while (n)\n"
+                                          "            --n;\n"
+                                          "        if (n)\n"
+                                          "            do {\n"
+                                          "                ++n;\n"
+                                          "            } while (n < 3);\n"
+                                          "    }\n"
+                                          "    for (;;) ;\n"
+                                          "}\n"
+                                          "void g(void) {}\n");
+    const ProgramOutline outline(written.program);
     QCOMPARE(outline.getFiles().size(), std::size_t(1));
-    QCOMPARE(outline.getFiles()[0].path, file);
+    QCOMPARE(outline.getFiles()[0].path, written.folder.path("a.c"));
     QCOMPARE(outline.getFiles()[0].language, QString("C"));
     const std::vector<OutlineSubroutine>& subroutines = outline.getFiles()[0].subroutines;
     QCOMPARE(subroutines.size(), std::size_t(2)); // not the prototype
@@ -68,45 +66,38 @@ void ProgramOutlineTest::filesSubroutinesAndLoops() {
 }
 
 void ProgramOutlineTest::headersComeAfterTheFiles() {
-    const Testing::SourceFolder folder;
-    folder.write("h.h", "static int in_header(void) { return 1; }\n");
-    const QString a = folder.write("a.c", "#include \"h.h\"\nint a(void) { return in_header(); }\n");
-    const QString b = folder.write("b.c", "int b(void) { return 2; }\n");
-    const OpenedProgram program = Testing::readProgram({a, b});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written({{"h.h", "static int in_header(void) { return 1; }\n"},
+                                           {"a.c", "#include \"h.h\"\nint a(void) { return in_header(); }\n"},
+                                           {"b.c", "int b(void) { return 2; }\n"}});
+    const ProgramOutline outline(written.program);
     QCOMPARE(outline.getFiles().size(), std::size_t(3));
-    QCOMPARE(outline.getFiles()[0].path, a);
-    QCOMPARE(outline.getFiles()[1].path, b);
+    QCOMPARE(outline.getFiles()[0].path, written.folder.path("a.c"));
+    QCOMPARE(outline.getFiles()[1].path, written.folder.path("b.c"));
     QVERIFY(outline.getFiles()[2].path.endsWith("h.h"));
     QCOMPARE(outline.getFiles()[2].subroutines.size(), std::size_t(1));
     QCOMPARE(outline.getFiles()[2].subroutines[0].name, QString("in_header"));
 }
 
 void ProgramOutlineTest::aHeaderInTwoFilesIsShownOnce() {
-    const Testing::SourceFolder folder;
-    folder.write("h.h", "static int one(void) { return 1; }\nstatic int two(void) { return 2; }\n");
-    const QString a = folder.write("a.c", "#include \"h.h\"\nint a(void) { return one(); }\n");
-    const QString b = folder.write("b.c", "#include \"h.h\"\nint b(void) { return one(); }\n");
-    const OpenedProgram program = Testing::readProgram({a, b});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written(
+        {{"h.h", "static int one(void) { return 1; }\nstatic int two(void) { return 2; }\n"},
+         {"a.c", "#include \"h.h\"\nint a(void) { return one(); }\n"},
+         {"b.c", "#include \"h.h\"\nint b(void) { return one(); }\n"}});
+    const ProgramOutline outline(written.program);
     QCOMPARE(outline.getFiles().size(), std::size_t(3));
     QCOMPARE(outline.getFiles()[2].subroutines.size(), std::size_t(2));
 }
 
 void ProgramOutlineTest::equalNamesInOneFileStay() {
-    const Testing::SourceFolder folder;
-    const QString a = folder.write("a.c", "static int f(void) { return 1; }\n");
-    const QString b = folder.write("b.c", "static int f(void) { return 2; }\n");
-    const OpenedProgram program = Testing::readProgram({a, b});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written(Testing::staticsOfOneName);
+    const ProgramOutline outline(written.program);
     QCOMPARE(outline.getFiles()[0].subroutines.size(), std::size_t(1));
     QCOMPARE(outline.getFiles()[1].subroutines.size(), std::size_t(1));
 }
 
 void ProgramOutlineTest::anEmptyFileIsThere() {
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", "")});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written("");
+    const ProgramOutline outline(written.program);
     QCOMPARE(outline.getFiles().size(), std::size_t(1));
     QCOMPARE(outline.getFiles()[0].subroutines.size(), std::size_t(0));
 }
@@ -117,9 +108,8 @@ void ProgramOutlineTest::deepNesting() {
     for (int i = 0; i < depth; ++i)
         text += "for (;;) {\n";
     text += QByteArray(depth, '}') + "}\n";
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", text)});
-    const ProgramOutline outline(program);
+    const Testing::WrittenProgram written(text);
+    const ProgramOutline outline(written.program);
     const std::vector<OutlineLoop>& loops = outline.getFiles().at(0).subroutines.at(0).loops;
     QCOMPARE(loops.size(), std::size_t(depth));
     QCOMPARE(loops.back().depth, depth);

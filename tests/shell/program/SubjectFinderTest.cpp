@@ -173,31 +173,25 @@ void SubjectFinderTest::manyNamesAreCut() {
     QByteArray text;
     for (int i = 0; i < 40; ++i)
         text += "void f" + QByteArray::number(i) + "(void) {}\n";
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", text)});
-    const QString error = SubjectFinder(program).find({"x", {}}, forStatements).error;
+    const Testing::WrittenProgram written(text);
+    const QString error = SubjectFinder(written.program).find({"x", {}}, forStatements).error;
     QVERIFY2(error.endsWith("f28, f29 and 10 more"), qPrintable(error));
 }
 
 void SubjectFinderTest::staticsOfOneName() {
-    const Testing::SourceFolder folder;
-    const QString a = folder.write("a.c", "static int f(void) { return 1; }\n");
-    const QString b = folder.write("b.c", "static int f(void) { return 2; }\n");
-    const OpenedProgram program = Testing::readProgram({a, b});
-    const SubjectFinder finder(program);
-    QCOMPARE(finder.find({"f", {}}, forStatements).subject.getFile(), a);
-    QCOMPARE(finder.find({"f (b.c)", {}}, forStatements).subject.getFile(), b);
+    const Testing::WrittenProgram written(Testing::staticsOfOneName);
+    const SubjectFinder finder(written.program);
+    QCOMPARE(finder.find({"f", {}}, forStatements).subject.getFile(), written.folder.path("a.c"));
+    QCOMPARE(finder.find({"f (b.c)", {}}, forStatements).subject.getFile(), written.folder.path("b.c"));
     QVERIFY(finder.findSubroutine("f (c.c)") == nullptr);
 }
 
 void SubjectFinderTest::linesOfSeveralFiles() {
-    const Testing::SourceFolder folder;
-    const QString a = folder.write("a.c", "int f(void) {\n  return 1;\n}\n");
-    const QString b = folder.write("b.c", "int g(void) {\n  return 2;\n\n  return 3;\n}\n");
-    const OpenedProgram program = Testing::readProgram({a, b});
-    const SubjectFinder finder(program);
-    QCOMPARE(finder.find({QString(), 2}, forStatements).subject.getFile(), a);
-    QCOMPARE(finder.find({"g", 2}, forStatements).subject.getFile(), b);
+    const Testing::WrittenProgram written(
+        {{"a.c", "int f(void) {\n  return 1;\n}\n"}, {"b.c", "int g(void) {\n  return 2;\n\n  return 3;\n}\n"}});
+    const SubjectFinder finder(written.program);
+    QCOMPARE(finder.find({QString(), 2}, forStatements).subject.getFile(), written.folder.path("a.c"));
+    QCOMPARE(finder.find({"g", 2}, forStatements).subject.getFile(), written.folder.path("b.c"));
     QCOMPARE(finder.find({QString(), 4}, forStatements).subject.getTitle(), QString("statement at line 4 in g"));
 }
 

@@ -18,13 +18,7 @@ namespace {
 
 constexpr int patience = 60000; // milliseconds
 
-constexpr auto source = "static int leaf(int x) { return x; }\n"
-                        "int main(void) {\n"
-                        "    int i, s = 0;\n"
-                        "    for (i = 0; i < 3; ++i)\n"
-                        "        s += leaf(i);\n"
-                        "    return s;\n"
-                        "}\n";
+constexpr auto source = Testing::callInALoop;
 
 /// A virtual X server that ends with the object.
 class Display {

@@ -26,13 +26,7 @@ namespace Kova::Shell {
 
 namespace {
 
-constexpr auto source = "static int leaf(int x) { return x; }\n"
-                        "int main(void) {\n"
-                        "    int i, s = 0;\n"
-                        "    for (i = 0; i < 3; ++i)\n"
-                        "        s += leaf(i);\n"
-                        "    return s;\n"
-                        "}\n";
+constexpr auto source = Testing::callInALoop;
 
 /// A chain of calls: a picture that does not fit a window.
 QByteArray chain(int length) {

@@ -29,6 +29,25 @@ QStringList dump(const QAbstractItemModel& model) {
     return lines;
 }
 
+constexpr auto source = "int f(int n) {\n"
+                        "    for (;;) {\n"
+                        "        while (n) --n;\n"
+                        "    }\n"
+                        "    do ; while (n);\n"
+                        "}\n"
+                        "int g(void) { return 0; }\n";
+
+/// A program in the model.
+struct Shown {
+    template <class Files>
+    explicit Shown(const Files& files) : written(files) {
+        model.setProgram(ProgramOutline(written.program), &written.program.getUnit());
+    }
+
+    Testing::WrittenProgram written;
+    ProgramTreeModel model;
+};
+
 } // namespace
 
 class ProgramTreeModelTest : public QObject {
@@ -42,42 +61,27 @@ private Q_SLOTS:
     void headersAndTips();
 };
 
-constexpr auto source = "int f(int n) {\n"
-                        "    for (;;) {\n"
-                        "        while (n) --n;\n"
-                        "    }\n"
-                        "    do ; while (n);\n"
-                        "}\n"
-                        "int g(void) { return 0; }\n";
-
 void ProgramTreeModelTest::keepsTheModelsContract() {
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source), folder.write("b.c", source)});
+    const Testing::WrittenProgram written({{"a.c", source}, {"b.c", source}});
     ProgramTreeModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     QCOMPARE(dump(model), QStringList());
-    model.setProgram(ProgramOutline(program), &program.getUnit());
+    model.setProgram(ProgramOutline(written.program), &written.program.getUnit());
     QCOMPARE(model.rowCount(), 2);
     model.setProgram(ProgramOutline(), nullptr);
     QCOMPARE(model.rowCount(), 0);
 }
 
 void ProgramTreeModelTest::rowsAreFilesSubroutinesLoops() {
-    const Testing::SourceFolder folder;
-    const OpenedProgram program =
-        Testing::readProgram({folder.write("a.c", source), folder.write("empty.c", "int x;\n")});
-    ProgramTreeModel model;
-    model.setProgram(ProgramOutline(program), &program.getUnit());
-    QCOMPARE(dump(model),
+    const Shown shown(Testing::SourceFiles{{"a.c", source}, {"empty.c", "int x;\n"}});
+    QCOMPARE(dump(shown.model),
              QStringList({"a.c", QString::fromUtf8("  f 1\u20136"), QString::fromUtf8("    for loop 2\u20134"),
                           "      while loop 3", "    do loop 5", "  g 7", "empty.c"}));
 }
 
 void ProgramTreeModelTest::rowsKnowTheirSubjects() {
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
-    ProgramTreeModel model;
-    model.setProgram(ProgramOutline(program), &program.getUnit());
+    const Shown shown(source);
+    const ProgramTreeModel& model = shown.model;
     const QModelIndex file = model.index(0, 0);
     const QModelIndex f = model.index(0, 0, file);
     const QModelIndex loop = model.index(0, 0, f);
@@ -89,10 +93,8 @@ void ProgramTreeModelTest::rowsKnowTheirSubjects() {
 }
 
 void ProgramTreeModelTest::rowsAreFoundBySubject() {
-    const Testing::SourceFolder folder;
-    const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
-    ProgramTreeModel model;
-    model.setProgram(ProgramOutline(program), &program.getUnit());
+    const Shown shown(source);
+    const ProgramTreeModel& model = shown.model;
     const QModelIndex file = model.index(0, 0);
     const QModelIndex f = model.index(0, 0, file);
     for (const QModelIndex& index : {file, f, model.index(1, 0, file), model.index(0, 0, f), model.index(1, 0, f)})
@@ -102,11 +104,9 @@ void ProgramTreeModelTest::rowsAreFoundBySubject() {
 }
 
 void ProgramTreeModelTest::headersAndTips() {
-    const Testing::SourceFolder folder;
-    const QString path = folder.write("a.c", source);
-    const OpenedProgram program = Testing::readProgram({path});
-    ProgramTreeModel model;
-    model.setProgram(ProgramOutline(program), &program.getUnit());
+    const Shown shown(source);
+    const ProgramTreeModel& model = shown.model;
+    const QString path = shown.written.folder.path("a.c");
     QCOMPARE(model.columnCount(), 2);
     QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QString("Name"));
     QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QString("Lines"));
