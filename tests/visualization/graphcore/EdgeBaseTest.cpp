@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/EdgeBase.h"
 
+#include "tests/visualization/graphcore/Pixels.h"
 #include "visualization/graphcore/NodeBase.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QtTest>
 
 #include <cstdlib>
@@ -56,17 +55,13 @@ bool isNear(const QPoint& point, int x, int y) {
     return std::abs(point.x() - x) <= 1 && std::abs(point.y() - y) <= 1;
 }
 
-QImage painted(const EdgeBase& edge, bool selected) {
-    QImage image(400, 200, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    edge.draw(painter, selected);
-    return image;
-}
+using Pixels::blue;
+using Pixels::red;
+using Pixels::white;
 
-constexpr QRgb white = 0xffffffff;
-constexpr QRgb blue = 0xff0000ff;
-constexpr QRgb red = 0xffff0000;
+QImage painted(const EdgeBase& edge, bool selected) {
+    return Pixels::painted(QSize(400, 200), [&](QPainter& painter) { edge.draw(painter, selected); });
+}
 
 } // namespace
 
@@ -236,7 +231,7 @@ private Q_SLOTS:
         EdgeBase edge(&nodes.source, &nodes.target);
         edge.setShapeKind(EdgeBase::Arc);
         edge.setText(QStringLiteral("42"));
-        edge.setTextColor(0xffff0000);
+        edge.setTextColor(red);
         QImage expected(400, 200, QImage::Format_RGB32);
         expected.fill(Qt::white);
         QPainter painter(&expected);

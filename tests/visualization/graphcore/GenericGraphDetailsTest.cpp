@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Small print of the mouse, the wheel and the pens.
 #include "TestGraph.h"
+#include "tests/visualization/graphcore/Pixels.h"
 
+#include <QApplication>
 #include <QBuffer>
 #include <QFontMetrics>
 #include <QPainter>
@@ -200,30 +202,24 @@ private Q_SLOTS:
     void labelsEndWithTheirBoxes() {
         PannedGraph graph;
         NodeBase* node = graph.addNode(QStringLiteral("a label much wider than its box"), QPoint(200, 100), {41, 31});
-        QImage image(400, 200, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        painter.setFont(graph.labelFont());
-        node->draw(painter, false);
-        painter.end();
+        const QImage image = Pixels::painted(QSize(400, 200), [&](QPainter& painter) {
+            painter.setFont(graph.labelFont());
+            node->draw(painter, false);
+        });
         const QRect near = node->getRect().adjusted(-2, -2, 2, 2);
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                QVERIFY(near.contains(x, y) || image.pixel(x, y) == QColor(Qt::white).rgb());
+                QVERIFY(near.contains(x, y) || image.pixel(x, y) == Pixels::white);
     }
 
     void arrowheadsAreNeverFilled() {
         PannedGraph graph;
         EdgeBase* edge = graph.addLine(QPoint(50, 100), QPoint(350, 100));
-        QImage image(400, 200, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        painter.setBrush(Qt::red);
-        edge->draw(painter, false);
-        painter.end();
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                QVERIFY(image.pixel(x, y) != QColor(Qt::red).rgb());
+        const QImage image = Pixels::painted(QSize(400, 200), [&](QPainter& painter) {
+            painter.setBrush(Qt::red);
+            edge->draw(painter, false);
+        });
+        QCOMPARE(Pixels::count(image, Pixels::red), 0);
     }
 };
 

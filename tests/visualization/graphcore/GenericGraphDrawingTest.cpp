@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "TestGraph.h"
+#include "tests/visualization/graphcore/Pixels.h"
 #include "visualization/graphcore/GenericGraphWidgetBase.h"
 
 #include <QImage>
@@ -12,13 +13,10 @@ using namespace Kova::GUI::GenericGraph;
 
 namespace {
 
-constexpr QRgb blue = 0xff0000ff;
-
-QImage canvas(const QSize& size) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    return image;
-}
+using Pixels::blank;
+using Pixels::blue;
+using Pixels::red;
+using Pixels::white;
 
 struct View {
     double scale;
@@ -34,7 +32,7 @@ void setUp(QPainter& painter, const View& view) {
 }
 
 QImage drawn(TestGraph& graph, const View& view) {
-    QImage image = canvas(graph.viewport()->size());
+    QImage image = blank(graph.viewport()->size());
     QPainter painter(&image);
     setUp(painter, view);
     graph.drawGraph(painter);
@@ -43,7 +41,7 @@ QImage drawn(TestGraph& graph, const View& view) {
 
 /// The same by drawing every item.
 QImage drawnWhole(const TestGraph& graph, const View& view) {
-    QImage image = canvas(graph.viewport()->size());
+    QImage image = blank(graph.viewport()->size());
     QPainter painter(&image);
     setUp(painter, view);
     painter.setFont(graph.labelFont());
@@ -104,14 +102,14 @@ private Q_SLOTS:
         graph.addNode(QString(), QPoint(150, 110), QSize(61, 21));
         EdgeBase* edge = graph.addEdge(left, right);
         edge->setPen(QPen(QColor(Qt::red)));
-        QImage image = canvas(QSize(400, 300));
+        QImage image = blank(QSize(400, 300));
         QPainter painter(&image);
         graph.drawGraph(painter);
         painter.end();
         // Where the third box's top side covers the edge; the box itself is see-through.
         QCOMPARE(image.pixel(150, 100), QRgb(0xff000000));
-        QCOMPARE(image.pixel(100, 100), QRgb(0xffff0000));
-        QCOMPARE(image.pixel(150, 110), QRgb(0xffffffff));
+        QCOMPARE(image.pixel(100, 100), red);
+        QCOMPARE(image.pixel(150, 110), white);
     }
 
     void laterItemsAreAboveEarlierOnes() {
@@ -120,7 +118,7 @@ private Q_SLOTS:
         NodeBase* right = graph.addNode(QString(), QPoint(250, 100));
         graph.addEdge(left, right)->setPen(QPen(QColor(Qt::red)));
         graph.addEdge(left, right)->setPen(QPen(QColor(Qt::green)));
-        QImage image = canvas(QSize(400, 300));
+        QImage image = blank(QSize(400, 300));
         QPainter painter(&image);
         graph.drawGraph(painter);
         painter.end();
@@ -151,7 +149,7 @@ private Q_SLOTS:
         graph.addNode(QStringLiteral("label"), QPoint(150, 100), QSize(200, 60));
         graph.setLabelFont(QFont(QStringLiteral("Arial"), 30));
         const View all{1.0, QPoint(0, 0), QRect(0, 0, 400, 300)};
-        QImage expected = canvas(QSize(400, 300));
+        QImage expected = blank(QSize(400, 300));
         QPainter painter(&expected);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setFont(QFont(QStringLiteral("Arial"), 30));
@@ -247,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(drawnNodes >= 4);
         QVERIFY(drawnNodes <= 16);
         // Without a clip, everything.
-        QImage image = canvas(QSize(10, 10));
+        QImage image = blank(QSize(10, 10));
         QPainter painter(&image);
         for (CountedNode* node : all)
             node->drawn = 0;
@@ -261,7 +259,7 @@ private Q_SLOTS:
         TestGraph graph;
         graph.addRandom(generator, 60, 120, 1000);
         const auto rotated = [&](bool whole) {
-            QImage image = canvas(QSize(400, 300));
+            QImage image = blank(QSize(400, 300));
             QPainter painter(&image);
             painter.setClipRect(100, 100, 80, 60);
             painter.rotate(30.0);
@@ -303,7 +301,7 @@ private Q_SLOTS:
         QCOMPARE(image.size(), QSize(1550, 950));
         QCOMPARE(first->drawn, 1);
         QCOMPARE(far->drawn, 1);
-        QVERIFY(image.pixel(1500, 890) != QRgb(0xffffffff));
+        QVERIFY(image.pixel(1500, 890) != white);
     }
 
     void paintingChangesNothing() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "GraphProbe.h"
+#include "tests/visualization/graphcore/Pixels.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
 
 #include <QApplication>
@@ -17,8 +18,8 @@ using namespace Kova::GUI;
 
 namespace {
 
-constexpr QRgb white = 0xffffffff;
-constexpr QRgb red = 0xffff0000;
+using Pixels::red;
+using Pixels::white;
 
 struct Asked {
     bool shown = false;

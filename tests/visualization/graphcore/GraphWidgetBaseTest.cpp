@@ -2,6 +2,7 @@
 #include "visualization/graphcore/GraphWidgetBase.h"
 
 #include "GraphProbe.h"
+#include "tests/visualization/graphcore/Pixels.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -202,10 +203,10 @@ private Q_SLOTS:
         QVERIFY(probe.clipped);
         QCOMPARE(probe.transform.map(QPointF(10, 10)), QPointF(16, 14));
         QCOMPARE(probe.legendTransform, probe.transform);
-        QCOMPARE(image.pixel(16, 14), QRgb(0xffff0000));
-        QCOMPARE(image.pixel(25, 23), QRgb(0xffff0000));
-        QVERIFY(image.pixel(15, 14) != QRgb(0xffff0000));
-        QVERIFY(image.pixel(26, 23) != QRgb(0xffff0000));
+        QCOMPARE(image.pixel(16, 14), Pixels::red);
+        QCOMPARE(image.pixel(25, 23), Pixels::red);
+        QVERIFY(image.pixel(15, 14) != Pixels::red);
+        QVERIFY(image.pixel(26, 23) != Pixels::red);
         QCOMPARE(image.pixel(56, 54), QRgb(0xff00ff00));
     }
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/NodeBase.h"
 
+#include "tests/visualization/graphcore/Pixels.h"
 #include "visualization/graphcore/EdgeBase.h"
 
 #include <QFontMetrics>
-#include <QImage>
-#include <QPainter>
 #include <QtTest>
 
 #include <functional>
@@ -46,27 +45,18 @@ public:
     int payload[100] = {};
 };
 
+using Pixels::black;
+using Pixels::blue;
+using Pixels::count;
+using Pixels::red;
+using Pixels::white;
+
 QImage painted(const NodeBase& node, bool selected, const QBrush& brush = Qt::NoBrush) {
-    QImage image(120, 80, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setBrush(brush);
-    node.draw(painter, selected);
-    return image;
+    return Pixels::painted(QSize(120, 80), [&](QPainter& painter) {
+        painter.setBrush(brush);
+        node.draw(painter, selected);
+    });
 }
-
-int count(const QImage& image, QRgb color) {
-    int found = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            found += image.pixel(x, y) == color ? 1 : 0;
-    }
-    return found;
-}
-
-constexpr QRgb white = 0xffffffff;
-constexpr QRgb black = 0xff000000;
-constexpr QRgb blue = 0xff0000ff;
 
 } // namespace
 
@@ -258,7 +248,7 @@ private Q_SLOTS:
         NodeBase node(QString{});
         node.setSize(61, 31);
         node.moveTo(50, 40);
-        QCOMPARE(painted(node, false, Qt::red).pixel(50, 40), QRgb(0xffff0000));
+        QCOMPARE(painted(node, false, Qt::red).pixel(50, 40), red);
     }
 
     void selectedNodeHasABlueBorderOfThree() {
@@ -277,7 +267,7 @@ private Q_SLOTS:
         NodeBase node(QStringLiteral("Label"));
         node.setSize(90, 40);
         node.moveTo(60, 40);
-        node.setTextColor(0xffff0000);
+        node.setTextColor(red);
         QImage expected(120, 80, QImage::Format_RGB32);
         expected.fill(Qt::white);
         QPainter painter(&expected);
@@ -287,7 +277,7 @@ private Q_SLOTS:
         painter.drawText(QRect(15, 20, 90, 40), Qt::AlignCenter, QStringLiteral("Label"));
         painter.end();
         QCOMPARE(painted(node, false), expected);
-        QVERIFY(count(expected, 0xffff0000) > 0);
+        QVERIFY(count(expected, red) > 0);
     }
 
     void invisibleNodeIsNotDrawn() {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/PaintExtent.h"
 
+#include "tests/visualization/graphcore/Pixels.h"
+
 #include <QFontMetricsF>
-#include <QImage>
-#include <QPainter>
 #include <QPixmap>
 #include <QtTest>
 
@@ -24,17 +24,16 @@ QRectF extentOf(const std::function<void(QPainter&)>& draw) {
 
 /// The pixels that are touched when the same is drawn, moved by (200, 200).
 QRectF touchedBy(const std::function<void(QPainter&)>& draw) {
-    QImage image(400, 400, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.translate(200, 200);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(QFont(QStringLiteral("Arial"), 12));
-    draw(painter);
+    const QImage image = Pixels::painted(QSize(400, 400), [&](QPainter& painter) {
+        painter.translate(200, 200);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setFont(QFont(QStringLiteral("Arial"), 12));
+        draw(painter);
+    });
     QRectF touched;
     for (int y = 0; y < 400; ++y) {
         for (int x = 0; x < 400; ++x) {
-            if (image.pixel(x, y) != 0xffffffff)
+            if (image.pixel(x, y) != Pixels::white)
                 touched |= QRectF(x - 200, y - 200, 1, 1);
         }
     }
