@@ -21,7 +21,7 @@ private:
 
 struct Registry {
     ConsoleFactory factory;
-    std::map<std::string, std::unique_ptr<Console>> consoles;
+    std::map<std::pair<std::string, bool>, std::unique_ptr<Console>> consoles;
 };
 
 Registry& registry() {
@@ -31,11 +31,11 @@ Registry& registry() {
 
 } // namespace
 
-Console& getOutputConsole(const std::string& tag, bool /*flag*/) {
+Console& getOutputConsole(const std::string& tag, bool flag) {
     Registry& all = registry();
-    std::unique_ptr<Console>& console = all.consoles[tag];
+    std::unique_ptr<Console>& console = all.consoles[{tag, flag}];
     if (!console && all.factory)
-        console = all.factory(tag);
+        console = all.factory(tag, flag);
     if (!console)
         console = std::make_unique<StandardErrorConsole>(tag);
     return *console;

@@ -32,11 +32,12 @@ protected:
     Console& operator=(const Console&) = default;
 };
 
-/// The console of a tag, made at its first use; it lives until the factory is replaced or the process ends.
-/// @param flag callers pass true; false is reserved and gives the same console.
+/// The console of a tag and a flag, made at its first use; it lives until the factory is replaced or the process ends.
+/// @param flag callers pass true; what false means is up to the factory, the default makes no difference.
 Console& getOutputConsole(const std::string& tag, bool flag);
 
-using ConsoleFactory = std::function<std::unique_ptr<Console>(const std::string& tag)>;
+/// Gets what getOutputConsole() was called with.
+using ConsoleFactory = std::function<std::unique_ptr<Console>(const std::string& tag, bool flag)>;
 
 /// Replaces what makes consoles, and forgets those made so far: references to them end here. An empty factory
 /// brings back the default, which writes `tag: text` lines to standard error.

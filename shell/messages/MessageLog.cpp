@@ -25,7 +25,7 @@ private:
 } // namespace
 
 MessageLog::MessageLog(QObject* parent) : QObject(parent) {
-    setConsoleFactory([this](const std::string& tag) { return std::make_unique<LogConsole>(*this, tag); });
+    setConsoleFactory([this](const std::string& tag, bool) { return std::make_unique<LogConsole>(*this, tag); });
 }
 
 MessageLog::~MessageLog() {

@@ -13,13 +13,17 @@ namespace {
 
 class Recorder final : public Console {
 public:
-    Recorder(std::string tag, std::vector<std::string>& lines) : m_tag(std::move(tag)), m_lines(lines) {}
+    Recorder(std::string tag, bool flag, std::vector<std::string>& lines)
+        : m_tag(std::move(tag)),
+          m_flag(flag),
+          m_lines(lines) {}
     void log(int level, const std::string& text) override {
-        m_lines.push_back(m_tag + "|" + std::to_string(level) + "|" + text);
+        m_lines.push_back(m_tag + (m_flag ? "|" : "|false|") + std::to_string(level) + "|" + text);
     }
 
 private:
     std::string m_tag;
+    bool m_flag;
     std::vector<std::string>& m_lines;
 };
 
@@ -28,9 +32,9 @@ protected:
     ~ConsoleTest() override { setConsoleFactory({}); }
 
     void record() {
-        setConsoleFactory([this](const std::string& tag) {
+        setConsoleFactory([this](const std::string& tag, bool flag) {
             ++m_made;
-            return std::make_unique<Recorder>(tag, m_lines);
+            return std::make_unique<Recorder>(tag, flag, m_lines);
         });
     }
 
@@ -52,13 +56,20 @@ TEST_F(ConsoleTest, WritesThroughTheFactorysConsoles) {
     EXPECT_EQ(m_lines, (std::vector<std::string>{"One|2|first", "Two|4|second", "One|77|third"}));
 }
 
-TEST_F(ConsoleTest, MakesOneConsoleForATag) {
+TEST_F(ConsoleTest, MakesOneConsoleForATagAndAFlag) {
     record();
     Console& first = getOutputConsole("One", true);
     EXPECT_EQ(&getOutputConsole("One", true), &first);
-    EXPECT_EQ(&getOutputConsole("One", false), &first);
     EXPECT_NE(&getOutputConsole("Two", true), &first);
-    EXPECT_EQ(m_made, 2);
+    EXPECT_NE(&getOutputConsole("One", false), &first);
+    EXPECT_EQ(m_made, 3);
+}
+
+TEST_F(ConsoleTest, TellsTheFactoryTheFlag) {
+    record();
+    getOutputConsole("One", false).log(2, "first");
+    getOutputConsole("One", true).log(2, "second");
+    EXPECT_EQ(m_lines, (std::vector<std::string>{"One|false|2|first", "One|2|second"}));
 }
 
 TEST_F(ConsoleTest, ForgetsConsolesWithTheirFactory) {
@@ -74,12 +85,13 @@ TEST_F(ConsoleTest, WritesToStandardErrorByDefault) {
     std::ostringstream text;
     std::streambuf* const before = std::cerr.rdbuf(text.rdbuf());
     getOutputConsole("Tag", true).log(4, "went wrong");
+    getOutputConsole("Tag", false).log(4, "again");
     std::cerr.rdbuf(before);
-    EXPECT_EQ(text.str(), "Tag: went wrong\n");
+    EXPECT_EQ(text.str(), "Tag: went wrong\nTag: again\n");
 }
 
 TEST_F(ConsoleTest, FallsBackWhereTheFactoryMakesNothing) {
-    setConsoleFactory([](const std::string&) { return std::unique_ptr<Console>(); });
+    setConsoleFactory([](const std::string&, bool) { return std::unique_ptr<Console>(); });
     std::ostringstream text;
     std::streambuf* const before = std::cerr.rdbuf(text.rdbuf());
     getOutputConsole("Tag", true).log(4, "still heard");
