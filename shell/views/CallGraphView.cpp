@@ -33,8 +33,8 @@ bool isWorthExporting(const Subject& subject) {
 }
 
 void addPlace(const GUI::GenericGraph::NodeBase& node, QJsonObject& description) {
-    const auto& procedure = static_cast<const GUI::CallGraph::Node&>(node);
-    const Tessel::SourceRange& range = procedure.getProcedure().getSourceRange();
+    const auto* procedure = static_cast<const GUI::CallGraph::Node&>(node).getProcedure();
+    const Tessel::SourceRange range = procedure != nullptr ? procedure->getSourceRange() : Tessel::SourceRange();
     description["file"] = range.file != nullptr ? QString::fromStdString(range.file->getPath()) : QString();
     description["line"] = static_cast<int>(range.beginLine);
 }

@@ -127,8 +127,11 @@ void CallGraphWidget::callGraphToLists(const ::CallGraph& graph, std::vector<std
 void CallGraphWidget::showLists(const std::vector<std::string>& names, const std::vector<std::pair<int, int>>& edges,
                                 const std::vector<Tessel::SubroutineDeclaration*>& declarations,
                                 const std::vector<std::vector<std::string>>& edgeCalls) {
-    for (std::size_t i = 0; i < names.size(); ++i)
-        nodes().push_back(new Node(QString::fromStdString(names[i]), *declarations[i]));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const QString name = QString::fromStdString(names[i]);
+        // Without a declaration, too: the numbers in the edges count every name.
+        nodes().push_back(declarations[i] ? new Node(name, *declarations[i]) : new Node(name));
+    }
     updateNodeSizes();
     if (!createEdges(edges, edgeCalls)) {
         logLine(Console::Error, "Call graph is invalid. Visualization failed.");

@@ -56,7 +56,8 @@ protected:
                                  std::vector<std::vector<std::string>>& edgeCalls);
 
     /// Builds the picture of lists as callGraphToLists() gives them; the view must be empty. An edge with one number
-    /// out of range is left out; one with both out of range ends it with a line on the console.
+    /// out of range is left out; one with both out of range ends it with a line on the console. Declarations may be
+    /// null.
     void showLists(const std::vector<std::string>& names, const std::vector<std::pair<int, int>>& edges,
                    const std::vector<Tessel::SubroutineDeclaration*>& declarations,
                    const std::vector<std::vector<std::string>>& edgeCalls);

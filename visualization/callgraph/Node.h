@@ -13,12 +13,15 @@ namespace Kova::GUI::CallGraph {
 class Node : public GenericGraph::NodeBase {
 public:
     /// @param procedure not owned; has to live as long as the node.
-    Node(const QString& name, Tessel::SubroutineDeclaration& procedure) : NodeBase(name), m_procedure(procedure) {}
+    Node(const QString& name, Tessel::SubroutineDeclaration& procedure) : NodeBase(name), m_procedure(&procedure) {}
+    /// For a procedure of which only the name is known.
+    explicit Node(const QString& name) : NodeBase(name) {}
 
-    [[nodiscard]] Tessel::SubroutineDeclaration& getProcedure() const { return m_procedure; }
+    /// Null when only the name is known.
+    [[nodiscard]] Tessel::SubroutineDeclaration* getProcedure() const { return m_procedure; }
 
 private:
-    Tessel::SubroutineDeclaration& m_procedure;
+    Tessel::SubroutineDeclaration* m_procedure = nullptr;
 };
 
 } // namespace Kova::GUI::CallGraph

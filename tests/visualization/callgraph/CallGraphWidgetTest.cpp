@@ -28,7 +28,7 @@ Lines consoleLines;
 
 class RecordingConsole : public Kova::Console {
 public:
-    explicit RecordingConsole(std::string tag) : m_tag(std::move(tag)) {}
+    RecordingConsole(const std::string& tag, bool flag) : m_tag(flag ? tag : tag + " without the flag") {}
     void log(int level, const std::string& text) override { consoleLines.emplace_back(level, m_tag + ": " + text); }
 
 private:
@@ -42,7 +42,8 @@ class CallGraphWidgetTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() {
-        Kova::setConsoleFactory([](const std::string& tag) { return std::make_unique<RecordingConsole>(tag); });
+        Kova::setConsoleFactory(
+            [](const std::string& tag, bool flag) { return std::make_unique<RecordingConsole>(tag, flag); });
     }
     void init() { consoleLines.clear(); }
     void cleanupTestCase() { Kova::setConsoleFactory({}); }
@@ -79,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(consoleLines.empty());
         QCOMPARE(widget.nodeTexts(), (QStringList{"alpha", "beta", "lonely", "main"}));
         QCOMPARE(widget.edgeTexts(), (QStringList{"beta > beta", "main > alpha", "main > beta"}));
-        QCOMPARE(&static_cast<CallGraph::Node*>(widget.getNodes()[3])->getProcedure(), &sample.main);
+        QCOMPARE(static_cast<CallGraph::Node*>(widget.getNodes()[3])->getProcedure(), &sample.main);
         QVERIFY(widget.actions()[1]->isEnabled() && widget.actions()[2]->isEnabled());
         const QFontMetrics metrics(QFont("Arial", 12));
         for (const NodeBase* node : widget.getNodes())
@@ -227,6 +228,7 @@ private Q_SLOTS:
     void edgeWithTwoBadEndsStopsThePicture() {
         Sample sample;
         TestedWidget widget;
+        widget.onNewProgram(sample.unit());
         widget.clear();
         widget.showLists({"alpha", "main"}, {{1, 0}, {2, 2}, {0, 1}}, {&sample.alpha, &sample.main},
                          {{"alpha(4)"}, {}, {"main(1)"}});
@@ -234,10 +236,26 @@ private Q_SLOTS:
         QVERIFY(widget.isBuilded());
         QCOMPARE(widget.nodeTexts(), (QStringList{"alpha", "main"}));
         QCOMPARE(widget.edgeTexts(), QStringList{"main > alpha"});
+        // The edges made so far are not in the map.
+        QVERIFY(widget.edgeBounds().isEmpty());
         QCOMPARE(widget.getNodes()[0]->getY(), 0);
         QCOMPARE(widget.getNodes()[1]->getY(), 0);
         QCOMPARE(widget.getGraphSize(), QSize(0, 0));
         QVERIFY(!widget.actions()[1]->isEnabled() && !widget.actions()[2]->isEnabled());
+    }
+
+    // A node all the same: the others keep their numbers, and calls are shown.
+    void procedureWithoutADeclarationIsShownByItsName() {
+        Sample sample;
+        TestedWidget widget;
+        widget.showLists({"alpha", "lost", "main"}, {{2, 1}, {1, 0}}, {&sample.alpha, nullptr, &sample.main},
+                         {{"lost(1)"}, {"alpha(2)"}});
+        QCOMPARE(widget.nodeTexts(), (QStringList{"alpha", "lost", "main"}));
+        QCOMPARE(widget.edgeTexts(), (QStringList{"main > lost", "lost > alpha"}));
+        QCOMPARE(static_cast<CallGraph::Node*>(widget.getNodes()[1])->getProcedure(), nullptr);
+        QCOMPARE(static_cast<CallGraph::Node*>(widget.getNodes()[2])->getProcedure(), &sample.main);
+        QVERIFY(widget.actions()[1]->isEnabled());
+        QVERIFY(consoleLines.empty());
     }
 
     void clearGraphEmptiesTheView() {
