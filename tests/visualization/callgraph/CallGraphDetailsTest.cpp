@@ -14,10 +14,37 @@ class PaintedWidget : public TestedWidget {
 public:
     int paints = 0;
 
+    /// Shows a program in a window that is larger than the picture, and waits until all is painted.
+    void showAtRest(Kova::Tessel::ProgramUnit& program) {
+        resize(1600, 1200);
+        show();
+        onNewProgram(program);
+        QVERIFY(QTest::qWaitForWindowExposed(this));
+        QTest::qWait(30);
+        paints = 0;
+        // Neither the scale nor the scroll bars change when the picture goes: they would repaint, too.
+        QCOMPARE(getScale(), 1.0);
+        QCOMPARE(horizontalScrollBar()->maximum(), 0);
+        QCOMPARE(verticalScrollBar()->maximum(), 0);
+    }
+
 protected:
     void paintEvent(QPaintEvent* event) override {
         ++paints;
         TestedWidget::paintEvent(event);
+    }
+};
+
+/// Does not repaint when it is cleared.
+class SilentlyClearedWidget : public PaintedWidget {
+public:
+    int clears = 0;
+    int scrollBarUpdates = 0;
+
+    void clear() override { ++clears; }
+    void updateScrollBars() override {
+        ++scrollBarUpdates;
+        PaintedWidget::updateScrollBars();
     }
 };
 
@@ -85,16 +112,36 @@ private Q_SLOTS:
     void hidingRepaints() {
         Sample sample;
         PaintedWidget widget;
-        widget.resize(400, 300);
-        widget.show();
-        widget.onNewProgram(sample.unit());
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        QTest::qWait(30);
-        widget.paints = 0;
+        widget.showAtRest(sample.unit());
         widget.setHideOrphans(true);
         QTRY_VERIFY(widget.paints > 0);
-        widget.paints = 0;
+    }
+
+    void clearingRepaints() {
+        Sample sample;
+        PaintedWidget widget;
+        widget.showAtRest(sample.unit());
         widget.clear();
+        QTRY_VERIFY(widget.paints > 0);
+    }
+
+    // Even where a subclass clears without a repaint.
+    void clearGraphUpdatesTheScrollBarsAndRepaints() {
+        Sample sample;
+        SilentlyClearedWidget widget;
+        widget.showAtRest(sample.unit());
+        widget.clears = widget.scrollBarUpdates = 0;
+        widget.clearGraph();
+        QCOMPARE(widget.clears, 1);
+        QCOMPARE(widget.scrollBarUpdates, 1);
+        QTRY_VERIFY(widget.paints > 0);
+    }
+
+    void newPictureRepaints() {
+        Sample sample;
+        SilentlyClearedWidget widget;
+        widget.showAtRest(sample.unit());
+        widget.onNewProgram(sample.unit());
         QTRY_VERIFY(widget.paints > 0);
     }
 };
