@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QSvgGenerator>
+#include <QTimer>
+#include <QToolTip>
 #include <QTransform>
 #include <QWheelEvent>
 #include <QtTest>
@@ -44,6 +46,23 @@ public:
 
     [[nodiscard]] QPoint scroll() const { return {horizontalScrollBar()->value(), verticalScrollBar()->value()}; }
 };
+
+/// An event whose position on the screen does not follow from that in the viewport.
+bool sendFrom(const QPoint& global, PannedGraph& graph, QEvent::Type type, const QPoint& position,
+              Qt::MouseButton button) {
+    QMouseEvent event(type, position, global, button, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(graph.viewport(), &event);
+    return event.isAccepted();
+}
+
+/// Where the tool tip's label is on the screen.
+QPoint toolTipPosition() {
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->inherits("QTipLabel"))
+            return window->pos();
+    }
+    return {};
+}
 
 QByteArray svgOf(const std::function<void(QPainter&)>& draw) {
     QBuffer buffer;
@@ -86,6 +105,51 @@ private Q_SLOTS:
         graph.addLine(QPoint(30, 149), QPoint(370, 149));
         graph.moveMouse(QPoint(200, 150));
         QCOMPARE(graph.hoveredEdge(), right);
+    }
+
+    void toolTipsAppearAtTheGlobalPosition() {
+        PannedGraph graph;
+        graph.viewport()->setMouseTracking(true);
+        graph.addLine(QPoint(50, 100), QPoint(350, 100))->setToolTip(QStringLiteral("one"));
+        graph.addLine(QPoint(50, 200), QPoint(350, 200))->setToolTip(QStringLiteral("two"));
+        sendFrom(QPoint(60, 300), graph, QEvent::MouseMove, QPoint(200, 100), Qt::NoButton);
+        QCOMPARE(QToolTip::text(), QStringLiteral("one"));
+        const QPoint first = toolTipPosition();
+        sendFrom(QPoint(160, 270), graph, QEvent::MouseMove, QPoint(200, 200), Qt::NoButton);
+        QCOMPARE(QToolTip::text(), QStringLiteral("two"));
+        QCOMPARE(toolTipPosition() - first, QPoint(100, -30));
+        // Beside the mouse by no more than its pointer is large.
+        QVERIFY(QRect(60, 300, 60, 60).contains(first));
+        QToolTip::hideText();
+    }
+
+    void menuOpensAtTheGlobalPosition() {
+        PannedGraph graph;
+        graph.contextMenu().addAction(QStringLiteral("x"));
+        QPoint place;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+            if (QWidget* popup = QApplication::activePopupWidget()) {
+                place = popup->pos();
+                popup->close();
+            }
+        });
+        timer.start(5);
+        QVERIFY(sendFrom(QPoint(333, 222), graph, QEvent::MouseButtonRelease, QPoint(20, 10), Qt::RightButton));
+        QCOMPARE(place, QPoint(333, 222));
+    }
+
+    void hoverLooksBeforeThePictureMoves() {
+        PannedGraph graph;
+        NodeBase* node = graph.addNode(QStringLiteral("a"), QPoint(240, 200)); // from 220 to 260
+        graph.horizontalScrollBar()->setValue(100);
+        QVERIFY(!graph.press(QPoint(200, 200)));
+        QVERIFY(graph.moveMouse(QPoint(185, 200), Qt::LeftButton)); // 285 in the graph
+        QCOMPARE(graph.hoveredNode(), nullptr);
+        // At 240 of the graph; once the picture has followed the mouse, at 285 again.
+        QVERIFY(graph.moveMouse(QPoint(140, 200), Qt::LeftButton));
+        QCOMPARE(graph.scroll().x(), 145);
+        QCOMPARE(graph.hoveredNode(), node);
     }
 
     void pressThatGrabsNothingStartsToPan() {

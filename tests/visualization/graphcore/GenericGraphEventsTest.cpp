@@ -169,6 +169,24 @@ private Q_SLOTS:
         QVERIFY(!scene.repainted);
     }
 
+    void hoverThatChangesTheEdgeRepaints() {
+        Scene scene;
+        // Nothing else appears on the screen.
+        scene.edge->setToolTip(QString());
+        const auto moveTo = [&](const QPoint& position) {
+            QTest::qWait(30);
+            scene.repainted = false;
+            scene.moveMouse(position);
+        };
+        moveTo(QPoint(150, 100));
+        QTRY_VERIFY(scene.repainted);
+        moveTo(QPoint(152, 100));
+        QTest::qWait(30);
+        QVERIFY(!scene.repainted);
+        moveTo(QPoint(150, 200));
+        QTRY_VERIFY(scene.repainted);
+    }
+
     void hoverShowsTheToolTipOfAnEdge() {
         Scene scene;
         QVERIFY(!scene.moveMouse(QPoint(150, 100)));

@@ -206,18 +206,38 @@ private Q_SLOTS:
         QCOMPARE(log.size(), 4);
     }
 
-    void listsMayGrowWhileEdgesAreUpdated() {
+    void listsMayChangeWhileEdgesAreUpdated_data() {
+        QTest::addColumn<int>("direction");
+        QTest::newRow("incoming") << int(NodeBase::In);
+        QTest::newRow("outgoing") << int(NodeBase::Out);
+    }
+
+    // Every edge that was in the list at the start is updated, and none that came later.
+    void listsMayChangeWhileEdgesAreUpdated() {
+        QFETCH(int, direction);
+        const auto side = static_cast<Direction>(direction);
         QStringList log;
         NodeBase hub(QStringLiteral("hub"));
-        SpyNode target(QStringLiteral("target"), log);
-        EdgeBase edge(&hub, &target);
-        target.onCut = [&] {
+        SpyNode first(QStringLiteral("first"), log);
+        SpyNode second(QStringLiteral("second"), log);
+        SpyNode later(QStringLiteral("later"), log);
+        const auto connect = [&](NodeBase& other) {
+            return side == NodeBase::In ? std::make_unique<EdgeBase>(&other, &hub)
+                                        : std::make_unique<EdgeBase>(&hub, &other);
+        };
+        const auto firstEdge = connect(first);
+        const auto secondEdge = connect(second);
+        std::vector<std::unique_ptr<EdgeBase>> added;
+        first.onCut = [&] {
+            hub.detach(secondEdge.get(), side);
             for (int i = 0; i < 100; ++i)
-                hub.attach(&edge, NodeBase::Out);
+                added.push_back(connect(later));
         };
         hub.notifyEdges();
-        QCOMPARE(log.size(), 1);
-        QCOMPARE(hub.getOutgoingEdges().size(), std::size_t(101));
+        QCOMPARE(log, QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+        const std::vector<EdgeBase*>& list = side == NodeBase::In ? hub.getIncomingEdges() : hub.getOutgoingEdges();
+        QCOMPARE(list.size(), std::size_t(102));
+        QCOMPARE(list[1], nullptr);
     }
 
     void cutUsesTheBoxWithItsCorners() {
