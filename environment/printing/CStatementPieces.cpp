@@ -32,6 +32,15 @@ bool isLabel(const StatementBase& statement) {
     return typeid(statement) == typeid(CaseStatement) || typeid(statement) == typeid(LabelStatement);
 }
 
+/// The first statement from a number on that is no directive; null when there is none.
+const StatementBase* nextUndirected(const BlockStatement& block, std::size_t index) {
+    const StatementBase* statement = block.getStatement(index);
+    const auto* opaque = dynamic_cast<const OpaqueStatement*>(statement);
+    for (; opaque != nullptr && opaque->isDirective(); opaque = dynamic_cast<const OpaqueStatement*>(statement))
+        statement = block.getStatement(++index);
+    return statement;
+}
+
 } // namespace
 
 void CStatementPieces::condition(const ExpressionBase* condition) {
@@ -53,8 +62,8 @@ void CStatementPieces::label(const BlockStatement& block, std::size_t index) {
     out().lineBreak(label);
     child(&label);
     out().indent();
-    // Before C23 a label marks a statement, not a declaration or the end of a block.
-    const StatementBase* next = block.getStatement(index + 1);
+    // Before C23 a label marks a statement, not a declaration, a directive or the end of a block.
+    const StatementBase* next = nextUndirected(block, index + 1);
     if (next == nullptr || dynamic_cast<const DeclarationStatement*>(next) != nullptr) {
         out().lineBreak(label);
         out().text(";", label);

@@ -5,6 +5,7 @@
 #include "environment/printing/DeclarationHead.h"
 #include "environment/tessel/EnumDeclaration.h"
 #include "environment/tessel/ModuleDeclaration.h"
+#include "environment/tessel/OpaqueDeclaration.h"
 #include "environment/tessel/RecordDeclaration.h"
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TranslationUnit.h"
@@ -17,7 +18,7 @@ using namespace Tessel;
 namespace {
 
 /// What stands together without an empty line in between; long ones stand alone.
-enum class Paragraph { Variable, Prototype, Type, Other, Long };
+enum class Paragraph { Variable, Prototype, Type, Directive, Other, Long };
 
 bool isDefinition(const TypeDeclaration* type) {
     const auto* record = dynamic_cast<const RecordDeclaration*>(type);
@@ -35,6 +36,9 @@ Paragraph paragraphOf(const DeclarationGroup& group) {
         return isDefinition(type) ? Paragraph::Long : Paragraph::Type;
     if (const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(&first))
         return subroutine->hasImplementation() ? Paragraph::Long : Paragraph::Prototype;
+    const auto* opaque = dynamic_cast<const OpaqueDeclaration*>(&first);
+    if (opaque != nullptr && opaque->isDirective())
+        return Paragraph::Directive;
     return dynamic_cast<const VariableDeclaration*>(&first) != nullptr ? Paragraph::Variable : Paragraph::Other;
 }
 
@@ -63,7 +67,10 @@ void CUnitPieces::declarations(TesselBase& holder, Before before) {
     for (const DeclarationGroup& each : groupDeclarations(holder, DeclarationPlace::File, getFilter())) {
         DeclarationBase& first = *each.declarators.front();
         const Paragraph paragraph = paragraphOf(each);
-        if (before == Before::Lines && (paragraph != last || paragraph == Paragraph::Long))
+        const bool isApart = paragraph != last || paragraph == Paragraph::Long;
+        // A directive speaks of what follows it.
+        const bool followsDirective = before == Before::Lines && last == Paragraph::Directive;
+        if (before == Before::Lines && isApart && !followsDirective)
             out().emptyLine(holder);
         if (before != Before::Nothing)
             out().lineBreak(first);

@@ -176,12 +176,20 @@ void Completion::complete(const clang::RecordDecl& from, RecordDeclaration& reco
         return;
     record.setComplete(true);
     addAttributes(record, packingOf(from));
+    const auto appendDirectives = [&](clang::SourceLocation end) {
+        if (record.isExternal())
+            return;
+        for (DeclarationPtr& directive : buildDirectivesBefore(m_context, end))
+            record.append(std::move(directive));
+    };
     for (const clang::Decl* member : from.decls()) {
+        appendDirectives(member->getBeginLoc());
         if (const auto* field = llvm::dyn_cast<clang::FieldDecl>(member))
             record.append(makeField(*field));
         else if (DeclarationPtr other = buildDeclaration(m_context, *member))
             record.append(std::move(other));
     }
+    appendDirectives(from.getBraceRange().getEnd());
 }
 
 void Completion::complete(const clang::EnumDecl& from, EnumDeclaration& enumeration) {
@@ -229,6 +237,19 @@ DeclarationPtr buildDeclaration(UnitContext& context, const clang::Decl& declara
     if (made)
         completeDeclaration(context, declaration, *made);
     return made;
+}
+
+std::vector<DeclarationPtr> buildDirectivesBefore(UnitContext& context, clang::SourceLocation end) {
+    return buildDirectives(context, context.directives.takeBefore(end, context.clang.getSourceManager()));
+}
+
+std::vector<DeclarationPtr> buildDirectives(UnitContext& context, std::vector<Directive> directives) {
+    std::vector<DeclarationPtr> built;
+    for (Directive& directive : directives) {
+        built.push_back(std::make_unique<OpaqueDeclaration>(std::move(directive.text)));
+        built.back()->setSourceRange(context.text.rangeOf(directive.place));
+    }
+    return built;
 }
 
 void completeDeclaration(UnitContext& context, const clang::Decl& declaration, DeclarationBase& made) {

@@ -14,27 +14,49 @@ namespace Kova::Frontends {
 
 namespace {
 
-/// Up to the end of the line, which goes on behind a backslash and inside a comment.
-std::string lineFrom(const char* begin, const char* end) {
-    const auto isAt = [end](const char* place, const char* two) {
-        return end - place > 1 && place[0] == two[0] && place[1] == two[1];
-    };
-    const char* at = begin;
-    while (at != end && *at != '\n') {
-        if (isAt(at, "\\\n") || isAt(at, "//")) {
-            const bool isComment = *at == '/';
-            at = isComment ? std::find(at, end, '\n') : at + 2;
-        } else if (isAt(at, "/*")) {
-            at += 2;
-            while (at != end && !isAt(at, "*/"))
-                ++at;
-            at = at == end ? end : at + 2;
-        } else {
-            ++at;
-        }
+/// Reads a line, which goes on behind a backslash and inside a comment.
+class LineReader {
+public:
+    LineReader(const char* begin, const char* end) : m_begin(begin), m_at(begin), m_end(end) {}
+
+    std::string read() {
+        while (m_at != m_end && *m_at != '\n')
+            skipPart();
+        return {m_begin, m_at};
     }
-    return {begin, at};
-}
+
+private:
+    [[nodiscard]] bool isAt(llvm::StringRef text) const {
+        return llvm::StringRef(m_at, static_cast<std::size_t>(m_end - m_at)).starts_with(text);
+    }
+    void skip(std::size_t length) { m_at += length; }
+    void skipPart() {
+        if (isAt("\\\r\n"))
+            skip(3);
+        else if (*m_at == '\\' && m_at + 1 != m_end)
+            skip(2);
+        else if (*m_at == '"')
+            skipUntil("\"");
+        else if (isAt("/*"))
+            skipUntil("*/");
+        else if (isAt("//"))
+            m_at = std::find(m_at, m_end, '\n');
+        else
+            skip(1);
+    }
+    void skipUntil(llvm::StringRef text) {
+        const bool isString = text == "\"";
+        skip(isString ? 1 : 2);
+        while (m_at != m_end && !isAt(text) && !(isString && *m_at == '\n'))
+            skip(*m_at == '\\' && m_at + 1 != m_end ? 2 : 1);
+        if (isAt(text))
+            skip(text.size());
+    }
+
+    const char* m_begin;
+    const char* m_at;
+    const char* m_end;
+};
 
 /// True for what says nothing that a printed program could repeat.
 bool isOfTheSource(llvm::StringRef pragma) {
@@ -60,9 +82,10 @@ public:
         const auto* lexer = static_cast<const clang::Lexer*>(m_preprocessor.getCurrentLexer());
         if (lexer == nullptr || m_system.isExternal(place))
             return;
-        const std::string pragma = m_macros.expand(lineFrom(lexer->getBufferLocation(), lexer->getBuffer().end()));
+        const std::string pragma =
+            m_macros.expand(LineReader(lexer->getBufferLocation(), lexer->getBuffer().end()).read());
         if (!isOfTheSource(pragma))
-            m_directives.add(place, "#pragma " + pragma);
+            m_directives.add(place, pragma.empty() ? "#pragma" : "#pragma " + pragma);
     }
 
     void Ident(clang::SourceLocation place, llvm::StringRef string) override {

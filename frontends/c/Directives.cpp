@@ -7,9 +7,13 @@
 
 namespace Kova::Frontends {
 
+bool Directives::areBefore(clang::SourceLocation end, const clang::SourceManager& sources) const {
+    return m_next != m_all.size() && end.isValid() && sources.isBeforeInTranslationUnit(m_all[m_next].place, end);
+}
+
 std::vector<Directive> Directives::takeBefore(clang::SourceLocation end, const clang::SourceManager& sources) {
     std::vector<Directive> taken;
-    while (m_next != m_all.size() && end.isValid() && sources.isBeforeInTranslationUnit(m_all[m_next].place, end))
+    while (areBefore(end, sources))
         taken.push_back(std::move(m_all[m_next++]));
     return taken;
 }

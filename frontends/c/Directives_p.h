@@ -29,6 +29,8 @@ public:
     /// Those before a place that nobody has taken yet.
     [[nodiscard]] std::vector<Directive> takeBefore(clang::SourceLocation end, const clang::SourceManager& sources);
     [[nodiscard]] std::vector<Directive> takeRest();
+    /// True when takeBefore would give something.
+    [[nodiscard]] bool areBefore(clang::SourceLocation end, const clang::SourceManager& sources) const;
 
 private:
     std::vector<Directive> m_all;

@@ -14,72 +14,119 @@ namespace Kova::Frontends {
 
 namespace {
 
-/// The words of a text, cleaned of comments and of line ends inside them.
-class Words {
-public:
-    Words(const std::string& text, const clang::LangOptions& language)
-        : m_text(text),
-          m_lexer(clang::SourceLocation(), language, m_text.c_str(), m_text.c_str(), m_text.c_str() + m_text.size()) {}
-
-    /// @return false behind the last one.
-    bool next() {
-        if (m_isDone)
-            return false;
-        m_isDone = m_lexer.LexFromRawLexer(m_token) || m_token.is(clang::tok::eof);
-        return m_token.isNot(clang::tok::eof);
-    }
-    [[nodiscard]] const clang::Token& token() const { return m_token; }
-    [[nodiscard]] bool isName() const { return m_token.is(clang::tok::raw_identifier); }
-    /// Of a name.
-    [[nodiscard]] llvm::StringRef name() const { return m_token.getRawIdentifier(); }
-    [[nodiscard]] std::string spelling() const {
-        std::string word(m_lexer.getBufferLocation() - m_token.getLength(), m_token.getLength());
-        for (std::size_t at = 0; (at = word.find("\\\n", at)) != std::string::npos;)
-            word.erase(at, 2);
-        return word;
-    }
-
-private:
-    const std::string& m_text;
-    clang::Lexer m_lexer;
-    clang::Token m_token{};
-    bool m_isDone = false;
+struct Word {
+    std::string text;
+    bool isName;
+    bool isDirectiveMark;
+    bool followsBlank;
 };
 
-/// Replaces the program's macros that have no parameters, those in their values as well.
+/// Without comments.
+std::vector<Word> wordsOf(const std::string& text, const clang::LangOptions& language) {
+    std::vector<Word> words;
+    clang::Lexer lexer(clang::SourceLocation(), language, text.c_str(), text.c_str(), text.c_str() + text.size());
+    clang::Token token;
+    for (bool isLast = false; !isLast;) {
+        isLast = lexer.LexFromRawLexer(token);
+        if (token.is(clang::tok::eof))
+            break;
+        std::string spelling(lexer.getBufferLocation() - token.getLength(), token.getLength());
+        for (std::size_t at = 0; (at = spelling.find("\\\n", at)) != std::string::npos;)
+            spelling.erase(at, 2);
+        words.push_back({std::move(spelling), token.is(clang::tok::raw_identifier),
+                         token.is(clang::tok::hash) && token.isAtStartOfLine(), token.hasLeadingSpace()});
+    }
+    return words;
+}
+
+/// The text of the words in [first, last).
+std::string join(const std::vector<Word>& words, std::size_t first, std::size_t last) {
+    std::string text;
+    for (std::size_t i = first; i < last; ++i)
+        text += (i != first && words[i].followsBlank ? " " : "") + words[i].text;
+    return text;
+}
+
+/// Replaces macros by what they stand for, those in their values as well.
 class Expansion {
 public:
-    using Lookup = std::function<const clang::MacroInfo*(llvm::StringRef name)>;
+    /// Gives null for what is no macro or is not to be replaced.
+    using Lookup = std::function<const clang::MacroInfo*(const std::string& name)>;
 
     Expansion(const clang::Preprocessor& preprocessor, Lookup lookup)
         : m_preprocessor(preprocessor),
           m_lookup(std::move(lookup)) {}
 
     void append(const std::string& text) {
-        Words words(text, m_preprocessor.getLangOpts());
-        for (bool isFirst = true; words.next(); isFirst = false) {
-            if (!isFirst && words.token().hasLeadingSpace())
+        const std::vector<Word> words = wordsOf(text, m_preprocessor.getLangOpts());
+        for (std::size_t i = 0; i < words.size();) {
+            if (i != 0 && words[i].followsBlank)
                 m_result += ' ';
-            const clang::MacroInfo* macro = words.isName() ? m_lookup(words.name()) : nullptr;
-            if (macro == nullptr || macro->isFunctionLike() || isOpen(*macro))
-                m_result += words.spelling();
+            const std::size_t behind = appendMacro(words, i);
+            if (behind == i)
+                m_result += words[i++].text;
             else
-                appendValue(*macro);
+                i = behind;
         }
     }
     [[nodiscard]] std::string take() { return std::move(m_result); }
 
 private:
-    [[nodiscard]] bool isOpen(const clang::MacroInfo& macro) const {
-        return std::find(m_open.begin(), m_open.end(), &macro) != m_open.end();
-    }
-    void appendValue(const clang::MacroInfo& macro) {
-        std::string value;
-        for (const clang::Token& token : macro.tokens())
-            value += (token.hasLeadingSpace() && !value.empty() ? " " : "") + m_preprocessor.getSpelling(token);
-        m_open.push_back(&macro);
-        append(value);
+    using Arguments = std::vector<std::string>;
+
+    /// @return the number behind the macro's use that begins at a word; that word's own when none does.
+    std::size_t appendMacro(const std::vector<Word>& words, std::size_t at) {
+        const clang::MacroInfo* macro = words[at].isName ? m_lookup(words[at].text) : nullptr;
+        if (macro == nullptr || std::find(m_open.begin(), m_open.end(), macro) != m_open.end())
+            return at;
+        Arguments arguments;
+        std::size_t behind = at + 1;
+        if (macro->isFunctionLike()) {
+            behind = readArguments(words, at + 1, arguments);
+            if (behind == at + 1 || arguments.size() != macro->getNumParams() || !isPlain(*macro))
+                return at;
+        }
+        m_open.push_back(macro);
+        append(valueOf(*macro, arguments));
         m_open.pop_back();
+        return behind;
+    }
+
+    /// @return the number behind the closing parenthesis; at when there are no arguments.
+    static std::size_t readArguments(const std::vector<Word>& words, std::size_t at, Arguments& arguments) {
+        if (at == words.size() || words[at].text != "(")
+            return at;
+        std::size_t first = at + 1;
+        int depth = 0;
+        for (std::size_t i = at; i < words.size(); ++i) {
+            depth += words[i].text == "(" ? 1 : words[i].text == ")" ? -1 : 0;
+            if (depth != 0 && (depth != 1 || words[i].text != ","))
+                continue;
+            arguments.push_back(join(words, first, i));
+            first = i + 1;
+            if (depth == 0)
+                return first;
+        }
+        return at;
+    }
+
+    /// True for a macro that neither joins words nor makes strings of them.
+    static bool isPlain(const clang::MacroInfo& macro) {
+        return !macro.isVariadic() && std::none_of(macro.tokens_begin(), macro.tokens_end(), [](const auto& token) {
+            return token.isOneOf(clang::tok::hash, clang::tok::hashhash);
+        });
+    }
+
+    [[nodiscard]] std::string valueOf(const clang::MacroInfo& macro, const Arguments& arguments) const {
+        std::string value;
+        for (const clang::Token& token : macro.tokens()) {
+            value += token.hasLeadingSpace() && !value.empty() ? " " : "";
+            const int parameter =
+                token.getIdentifierInfo() != nullptr ? macro.getParameterNum(token.getIdentifierInfo()) : -1;
+            value +=
+                parameter >= 0 ? arguments[static_cast<std::size_t>(parameter)] : m_preprocessor.getSpelling(token);
+        }
+        return value;
     }
 
     const clang::Preprocessor& m_preprocessor;
@@ -101,24 +148,21 @@ bool ProgramMacros::isOfProgram(const clang::IdentifierInfo& name) const {
     return false;
 }
 
+bool ProgramMacros::isOfProgram(const std::string& name) const {
+    const auto known = m_preprocessor.getIdentifierTable().find(name);
+    return known != m_preprocessor.getIdentifierTable().end() && isOfProgram(*known->second);
+}
+
 bool ProgramMacros::areIn(const std::string& text) const {
-    Words words(text, m_preprocessor.getLangOpts());
-    while (words.next()) {
-        if (words.token().is(clang::tok::hash) && words.token().isAtStartOfLine())
-            return true;
-        const clang::IdentifierTable& names = m_preprocessor.getIdentifierTable();
-        const auto known = words.isName() ? names.find(words.name()) : names.end();
-        if (known != names.end() && isOfProgram(*known->second))
-            return true;
-    }
-    return false;
+    const std::vector<Word> words = wordsOf(text, m_preprocessor.getLangOpts());
+    return std::any_of(words.begin(), words.end(), [this](const Word& word) {
+        return word.isDirectiveMark || (word.isName && isOfProgram(word.text));
+    });
 }
 
 std::string ProgramMacros::expand(const std::string& text) const {
-    Expansion expansion(m_preprocessor, [this](llvm::StringRef name) -> const clang::MacroInfo* {
-        const auto known = m_preprocessor.getIdentifierTable().find(name);
-        const bool isKnown = known != m_preprocessor.getIdentifierTable().end() && isOfProgram(*known->second);
-        return isKnown ? m_preprocessor.getMacroInfo(known->second) : nullptr;
+    Expansion expansion(m_preprocessor, [this](const std::string& name) {
+        return isOfProgram(name) ? m_preprocessor.getMacroInfo(m_preprocessor.getIdentifierInfo(name)) : nullptr;
     });
     expansion.append(text);
     return expansion.take();

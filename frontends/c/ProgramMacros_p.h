@@ -21,11 +21,13 @@ public:
 
     /// True when a text mentions a macro of the program, defined or no longer, or holds a directive.
     [[nodiscard]] bool areIn(const std::string& text) const;
-    /// The text with what the program's macros without parameters stand for at present; others stay.
+    /// The text, without comments, with what the program's macros stand for at present. Those that join words or make
+    /// strings of them stay.
     [[nodiscard]] std::string expand(const std::string& text) const;
 
 private:
     [[nodiscard]] bool isOfProgram(const clang::IdentifierInfo& name) const;
+    [[nodiscard]] bool isOfProgram(const std::string& name) const;
 
     const clang::Preprocessor& m_preprocessor;
     const SystemHeaders& m_system;

@@ -39,6 +39,11 @@ SourceRange spanning(const SourceRange& first, const SourceRange& last) {
     return range;
 }
 
+bool isWithoutStatements(const clang::Stmt& statement) {
+    return llvm::isa<clang::Expr, clang::DeclStmt, clang::ReturnStmt, clang::AsmStmt, clang::IndirectGotoStmt>(
+        statement);
+}
+
 /// Makes the node of one statement; what no visit is written for becomes an opaque statement.
 class StatementVisitor : public clang::ConstStmtVisitor<StatementVisitor, StatementPtr> {
 public:
@@ -46,6 +51,8 @@ public:
 
     /// The block of a body, which need not be in braces in the source.
     [[nodiscard]] BlockPtr buildBlock(const clang::Stmt* body);
+    /// The statements of a block in braces.
+    void appendAll(BlockStatement& block, const clang::CompoundStmt& from);
 
     StatementPtr VisitStmt(const clang::Stmt* statement) { return makeOpaque(m_context.keeper.keep(*statement)); }
     // Clang's range of an assembly ends before its semicolon, its rendering behind it.
@@ -73,15 +80,19 @@ public:
     StatementPtr VisitIfStmt(const clang::IfStmt* branch);
     StatementPtr VisitSwitchStmt(const clang::SwitchStmt* statement) {
         ExpressionPtr selector = build(statement->getCond());
+        hoistDirectives(statement->getRParenLoc());
         return std::make_unique<SwitchStatement>(std::move(selector), buildBlock(statement->getBody()));
     }
     StatementPtr VisitWhileStmt(const clang::WhileStmt* loop) {
         ExpressionPtr condition = build(loop->getCond());
+        hoistDirectives(loop->getRParenLoc());
         return std::make_unique<WhileStatement>(std::move(condition), buildBlock(loop->getBody()));
     }
     StatementPtr VisitDoStmt(const clang::DoStmt* loop) {
         BlockPtr body = buildBlock(loop->getBody());
-        return std::make_unique<DoWhileStatement>(std::move(body), build(loop->getCond()));
+        ExpressionPtr condition = build(loop->getCond());
+        hoistDirectives(loop->getRParenLoc());
+        return std::make_unique<DoWhileStatement>(std::move(body), std::move(condition));
     }
     StatementPtr VisitForStmt(const clang::ForStmt* loop);
 
@@ -90,6 +101,11 @@ private:
     /// One statement without labels before it.
     [[nodiscard]] StatementPtr buildPlain(const clang::Stmt& statement);
     void append(BlockStatement& block, const clang::Stmt& statement);
+    /// The directives before a place that no statement has yet.
+    [[nodiscard]] std::vector<StatementPtr> takeDirectives(clang::SourceLocation end);
+    void appendDirectives(BlockStatement& block, clang::SourceLocation end);
+    /// Directives inside a statement, which have no place there, come before it.
+    void hoistDirectives(clang::SourceLocation end);
     void appendLabel(BlockStatement& block, StatementPtr label, clang::SourceRange range);
     const clang::Stmt* appendCase(BlockStatement& block, const clang::CaseStmt& label);
     const clang::Stmt* appendNamed(BlockStatement& block, const clang::LabelStmt& label);
@@ -99,6 +115,8 @@ private:
     StatementPtr makeOpaque(KeptText kept);
 
     UnitContext& m_context;
+    // Of the statement under construction.
+    std::vector<StatementPtr> m_hoisted;
 };
 
 void StatementVisitor::appendLabel(BlockStatement& block, StatementPtr label, clang::SourceRange range) {
@@ -138,13 +156,40 @@ const clang::Stmt& StatementVisitor::appendLabels(BlockStatement& block, const c
 }
 
 void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statement) {
+    appendDirectives(block, statement.getBeginLoc());
     const clang::Stmt* marked = &appendLabels(block, statement);
     // An attribute alone, such as fallthrough, says something; before a statement it is a hint to the optimizer.
     const auto* attributed = llvm::dyn_cast<clang::AttributedStmt>(marked);
-    if (attributed != nullptr && !llvm::isa<clang::NullStmt>(attributed->getSubStmt()))
+    if (attributed != nullptr && !llvm::isa<clang::NullStmt>(attributed->getSubStmt())) {
         append(block, *attributed->getSubStmt());
-    else
-        block.append(buildPlain(*marked));
+        return;
+    }
+    appendDirectives(block, marked->getBeginLoc());
+    std::vector<StatementPtr> around = std::exchange(m_hoisted, {});
+    StatementPtr made = buildPlain(*marked);
+    for (StatementPtr& directive : m_hoisted)
+        block.append(std::move(directive));
+    m_hoisted = std::move(around);
+    block.append(std::move(made));
+}
+
+std::vector<StatementPtr> StatementVisitor::takeDirectives(clang::SourceLocation end) {
+    std::vector<StatementPtr> taken;
+    for (Directive& directive : m_context.directives.takeBefore(end, m_context.clang.getSourceManager())) {
+        taken.push_back(std::make_unique<OpaqueStatement>(std::move(directive.text)));
+        taken.back()->setSourceRange(m_context.text.rangeOf(directive.place));
+    }
+    return taken;
+}
+
+void StatementVisitor::appendDirectives(BlockStatement& block, clang::SourceLocation end) {
+    for (StatementPtr& directive : takeDirectives(end))
+        block.append(std::move(directive));
+}
+
+void StatementVisitor::hoistDirectives(clang::SourceLocation end) {
+    for (StatementPtr& directive : takeDirectives(end))
+        m_hoisted.push_back(std::move(directive));
 }
 
 /// Comments are not kept, but compilers read this one: it becomes the attribute that says the same.
@@ -165,6 +210,8 @@ void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stm
 
 StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {
     StatementPtr made = Visit(&statement);
+    if (isWithoutStatements(statement))
+        hoistDirectives(statement.getEndLoc());
     // An else knows its end from its branch: asking Clang at every level of a long chain would take its square.
     if (!made->getSourceRange().isKnown())
         made->setSourceRange(m_context.text.rangeOf(statement.getSourceRange()));
@@ -173,21 +220,29 @@ StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {
 
 BlockPtr StatementVisitor::buildBlock(const clang::Stmt* body) {
     auto block = std::make_unique<BlockStatement>();
-    if (const auto* compound = llvm::dyn_cast_or_null<clang::CompoundStmt>(body)) {
-        const clang::Stmt* last = nullptr;
-        for (const clang::Stmt* statement : compound->body()) {
-            if (last != nullptr && llvm::isa<clang::SwitchCase>(statement))
-                appendFallThrough(*block, *last, *statement);
-            append(*block, *statement);
-            last = statement;
-        }
-        block->setSourceRange(m_context.text.rangeOf(compound->getSourceRange()));
+    const auto* compound = llvm::dyn_cast_or_null<clang::CompoundStmt>(body);
+    // A directive before the braces of a body speaks of all that is in them.
+    if (compound != nullptr &&
+        !m_context.directives.areBefore(compound->getLBracLoc(), m_context.clang.getSourceManager())) {
+        appendAll(*block, *compound);
     } else if (body != nullptr) {
         append(*block, *body);
         block->setSourceRange(spanning(block->getStatement(0)->getSourceRange(),
                                        block->getStatement(block->getChildCount() - 1)->getSourceRange()));
     }
     return block;
+}
+
+void StatementVisitor::appendAll(BlockStatement& block, const clang::CompoundStmt& from) {
+    const clang::Stmt* last = nullptr;
+    for (const clang::Stmt* statement : from.body()) {
+        if (last != nullptr && llvm::isa<clang::SwitchCase>(statement))
+            appendFallThrough(block, *last, *statement);
+        append(block, *statement);
+        last = statement;
+    }
+    appendDirectives(block, from.getRBracLoc());
+    block.setSourceRange(m_context.text.rangeOf(from.getSourceRange()));
 }
 
 StatementPtr StatementVisitor::VisitDeclStmt(const clang::DeclStmt* statement) {
@@ -206,6 +261,7 @@ StatementPtr StatementVisitor::VisitGotoStmt(const clang::GotoStmt* jump) {
 
 StatementPtr StatementVisitor::VisitIfStmt(const clang::IfStmt* branch) {
     ExpressionPtr condition = build(branch->getCond());
+    hoistDirectives(branch->getRParenLoc());
     BlockPtr thenBlock = buildBlock(branch->getThen());
     BlockPtr elseBlock = branch->getElse() != nullptr ? buildBlock(branch->getElse()) : nullptr;
     const SourceRange end = (elseBlock ? elseBlock : thenBlock)->getSourceRange();
@@ -218,6 +274,7 @@ StatementPtr StatementVisitor::VisitForStmt(const clang::ForStmt* loop) {
     StatementPtr initialization = loop->getInit() != nullptr ? buildPlain(*loop->getInit()) : nullptr;
     ExpressionPtr condition = build(loop->getCond());
     ExpressionPtr increment = build(loop->getInc());
+    hoistDirectives(loop->getRParenLoc());
     return std::make_unique<ForStatement>(std::move(initialization), std::move(condition), std::move(increment),
                                           buildBlock(loop->getBody()));
 }
@@ -231,13 +288,15 @@ StatementPtr StatementVisitor::makeOpaque(KeptText kept) {
 
 } // namespace
 
-BlockPtr buildInnerBlock(UnitContext& context, const clang::Stmt& body) {
-    return StatementVisitor(context).buildBlock(&body);
+BlockPtr buildInnerBlock(UnitContext& context, const clang::CompoundStmt& body) {
+    auto block = std::make_unique<BlockStatement>();
+    StatementVisitor(context).appendAll(*block, body);
+    return block;
 }
 
 BlockPtr buildBody(UnitContext& context, const clang::Stmt& body) {
     context.jumps = JumpTargets();
-    BlockPtr block = buildInnerBlock(context, body);
+    BlockPtr block = buildInnerBlock(context, llvm::cast<clang::CompoundStmt>(body));
     for (const auto& [jump, label] : context.jumps.jumps)
         jump->setLabel(context.jumps.labels.lookup(label));
     return block;

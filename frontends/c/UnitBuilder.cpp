@@ -40,12 +40,18 @@ bool buildUnit(clang::ASTContext& context, const ParsedText& parsed, ProgramUnit
         if (unitContext.declarations.isExternal(*declaration))
             continue;
         foundAny |= isWorthLooking(*declaration);
+        std::vector<DeclarationPtr> directives = buildDirectivesBefore(unitContext, declaration->getBeginLoc());
         DeclarationPtr built = buildDeclaration(unitContext, *declaration);
+        // Directives have no place inside a declaration.
+        for (DeclarationPtr& inside : buildDirectivesBefore(unitContext, declaration->getEndLoc()))
+            directives.push_back(std::move(inside));
         appendAll(unitContext, unitContext.declarations.takeStrays());
+        appendAll(unitContext, std::move(directives));
         if (built)
             unit.append(std::move(built));
     }
     appendAll(unitContext, unitContext.declarations.takeRest());
+    appendAll(unitContext, buildDirectives(unitContext, unitContext.directives.takeRest()));
     return foundAny;
 }
 

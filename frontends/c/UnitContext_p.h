@@ -5,6 +5,7 @@
 #include "environment/tessel/DeclarationBase.h"
 #include "environment/tessel/ExpressionBase.h"
 #include "frontends/c/DeclarationTable_p.h"
+#include "frontends/c/Directives_p.h"
 #include "frontends/c/KeptText_p.h"
 #include "frontends/c/SourcePlaces_p.h"
 #include "frontends/c/TypeBuilder_p.h"
@@ -70,11 +71,19 @@ struct UnitContext {
 /// A subroutine's body. Jumps inside it find their labels.
 [[nodiscard]] std::unique_ptr<Tessel::BlockStatement> buildBody(UnitContext& context, const clang::Stmt& body);
 /// A block inside a body: `({ ... })`.
-[[nodiscard]] std::unique_ptr<Tessel::BlockStatement> buildInnerBlock(UnitContext& context, const clang::Stmt& body);
+[[nodiscard]] std::unique_ptr<Tessel::BlockStatement> buildInnerBlock(UnitContext& context,
+                                                                      const clang::CompoundStmt& body);
 
 /// The declaration for its place in the program, with all that belongs to it. Null for what declares nothing, such as
 /// a lone semicolon.
 [[nodiscard]] Tessel::DeclarationPtr buildDeclaration(UnitContext& context, const clang::Decl& declaration);
+
+/// Directives among declarations.
+[[nodiscard]] std::vector<Tessel::DeclarationPtr> buildDirectives(UnitContext& context,
+                                                                  std::vector<Directive> directives);
+/// Those before a place that nothing has yet.
+[[nodiscard]] std::vector<Tessel::DeclarationPtr> buildDirectivesBefore(UnitContext& context,
+                                                                        clang::SourceLocation end);
 
 /// Gives a declaration that was made ahead all that belongs to it.
 void completeDeclaration(UnitContext& context, const clang::Decl& declaration, Tessel::DeclarationBase& made);

@@ -96,6 +96,23 @@ TEST(LanguageRoundTripTest, parametersWithWordsBetweenTheirBrackets) {
                 "printf(\"%d %d\\n\", a[0], a[1]);")));
 }
 
+TEST(LanguageRoundTripTest, directives) {
+    RoundTripUse use;
+    use.compilerOptions = {"-fopenmp", "-Wno-unknown-pragmas"};
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#define DO(x) _Pragma(#x)\n#define WIDTH 2\n#pragma GCC diagnostic push\n"
+                "#pragma GCC diagnostic ignored \"-Wunused-function\"\nstatic int unused(void) { return 1; }\n"
+                "#pragma GCC diagnostic pop\n#pragma weak missing\nextern int missing(void);\n"
+                "#pragma redefine_extname absolute abs\nextern int absolute(int);\n#pragma omp declare simd\n"
+                "static int twice(int x) { return 2 * x; }\nstruct s {\n#pragma unknown to all\nint a; };",
+                "int sum = 0, once = 0;\n#pragma omp parallel for num_threads(WIDTH) \\\n reduction(+ : sum)\n"
+                "for (int i = 0; i < 100; i++)\n#pragma omp critical\n{ sum += twice(i); once = 0; }\n"
+                "DO(omp parallel) { DO(omp single) once++; }\n#pragma GCC ivdep\nfor (int i = 0; i < 3; i++) sum++;\n"
+                "switch (sum) {\n#pragma first\ncase 1:\n#pragma second\nsum = 0; default: break; }\n"
+                "printf(\"%d %d %d %d\\n\", sum, once, missing != 0, absolute(-3));"),
+        use));
+}
+
 TEST(LanguageRoundTripTest, oldPrograms) {
     EXPECT_TRUE(
         textSurvivesRoundTrip("#include <stdio.h>\nstatic g;\nint add(a, b) short a; float b; { return a + (int) b; }\n"
