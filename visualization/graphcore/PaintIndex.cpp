@@ -25,7 +25,15 @@ public:
         if (!m_painter.isActive()) {
             m_painter.begin(&m_extent);
             m_painter.setFont(m_font);
+            // As the painter has it, so that comparing takes no time.
+            m_font = m_painter.font();
         }
+        // Whatever the item before has left: its fault must not misplace the others. Saving and restoring would not see
+        // to an item that saves once too often.
+        if (!m_painter.deviceTransform().isIdentity())
+            m_painter.resetTransform();
+        if (m_painter.font() != m_font)
+            m_painter.setFont(m_font);
         m_extent.reset();
         item.draw(m_painter, false);
         return m_extent.bounds();

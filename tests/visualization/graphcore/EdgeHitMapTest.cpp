@@ -2,42 +2,16 @@
 #include "visualization/graphcore/EdgeHitMap.h"
 
 #include "PlainGraph.h"
+#include "RandomGraph.h"
 
 #include <QtTest>
 
-#include <memory>
 #include <random>
 
 using namespace Kova::GUI;
 using namespace Kova::GUI::GenericGraph;
 
 namespace {
-
-/// Edges between nodes of random sizes and places, of all shapes.
-struct RandomEdges {
-    std::vector<std::unique_ptr<NodeBase>> nodes;
-    std::vector<std::unique_ptr<EdgeBase>> owned;
-    std::vector<EdgeBase*> edges;
-
-    RandomEdges(unsigned seed, int nodeCount, int edgeCount, int extent) {
-        std::mt19937 generator(seed);
-        const auto any = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(generator); };
-        for (int i = 0; i < nodeCount; ++i) {
-            nodes.push_back(std::make_unique<NodeBase>(QString()));
-            nodes.back()->setSize(any(1, 90), any(1, 40));
-            nodes.back()->moveTo(any(-extent, extent), any(-extent, extent));
-        }
-        for (int i = 0; i < edgeCount; ++i) {
-            NodeBase* source = nodes[static_cast<std::size_t>(any(0, nodeCount - 1))].get();
-            NodeBase* target = nodes[static_cast<std::size_t>(any(0, nodeCount - 1))].get();
-            owned.push_back(std::make_unique<EdgeBase>(source, target));
-            edges.push_back(owned.back().get());
-            edges.back()->setBendIndex(any(0, 4));
-            edges.back()->setShapeKind(source == target ? EdgeBase::Loop : ShapeKind(any(0, 1)));
-            edges.back()->updatePos();
-        }
-    }
-};
 
 void fill(EdgeHitMap& map, const std::vector<EdgeBase*>& edges) {
     map.resize(edges.size());
@@ -107,7 +81,7 @@ private Q_SLOTS:
     }
 
     void holdsBoundsAndPolygonsOfThePaths() {
-        const RandomEdges graph(1, 20, 60, 500);
+        const RandomGraph graph(1, 20, 60, 500);
         EdgeHitMap map;
         fill(map, graph.edges);
         const PlainHitMap plain = plainHitMap(graph.edges);
@@ -132,7 +106,7 @@ private Q_SLOTS:
         QFETCH(int, extent);
         int hits = 0;
         for (unsigned seed = 0; seed < 5; ++seed) {
-            const RandomEdges graph(seed, nodes, edges, extent);
+            const RandomGraph graph(seed, nodes, edges, extent);
             EdgeHitMap map;
             fill(map, graph.edges);
             std::mt19937 generator(seed);

@@ -80,7 +80,18 @@ inline bool plainBlocks(const NodeBase& node, const QPoint& a, const QPoint& b) 
     return cross * cross <= 144 * (dx * dx + dy * dy);
 }
 
-/// The kind of every edge after reshaping, by looking at every node for every edge.
+/// Whether a node stands in the way of the edge were it straight, by looking at every node; false for loops.
+inline bool plainIsBlocked(const std::vector<NodeBase*>& nodes, const EdgeBase& edge) {
+    if (edge.getSource() == edge.getTarget())
+        return false;
+    const QPoint a = edge.getSource()->getCenter();
+    const QPoint b = edge.getTarget()->getCenter();
+    return std::any_of(nodes.begin(), nodes.end(), [&](const NodeBase* node) {
+        return node->isVisible() && node != edge.getSource() && node != edge.getTarget() && plainBlocks(*node, a, b);
+    });
+}
+
+/// The kind of every edge after reshaping.
 inline std::vector<ShapeKind> plainShapes(const std::vector<NodeBase*>& nodes, const std::vector<EdgeBase*>& edges) {
     std::vector<ShapeKind> shapes;
     for (const EdgeBase* edge : edges) {
@@ -88,12 +99,7 @@ inline std::vector<ShapeKind> plainShapes(const std::vector<NodeBase*>& nodes, c
             shapes.push_back(edge->getShapeKind());
             continue;
         }
-        const QPoint a = edge->getSource()->getCenter();
-        const QPoint b = edge->getTarget()->getCenter();
-        const bool blocked = std::any_of(nodes.begin(), nodes.end(), [&](const NodeBase* node) {
-            return node->isVisible() && node != edge->getSource() && node != edge->getTarget() &&
-                   plainBlocks(*node, a, b);
-        });
+        const bool blocked = plainIsBlocked(nodes, *edge);
         shapes.push_back(blocked || edge->getBendIndex() != 0 ? EdgeBase::Arc : EdgeBase::Straight);
     }
     return shapes;
