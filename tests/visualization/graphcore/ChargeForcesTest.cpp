@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/ChargeForces.h"
 
-#include "tests/visualization/graphcore/PlainParticles.h"
+#include "tests/visualization/graphcore/ChargeSamples.h"
 
 #include <QtTest>
 
@@ -13,64 +13,21 @@
 using Kova::ParticleSystem::ChargeArrays;
 using Kova::ParticleSystem::InstructionSet;
 
+using namespace ChargeSamples;
+
 Q_DECLARE_METATYPE(InstructionSet)
 
 namespace {
-
-enum class Spread { Wide, Crowded, OneRow, AllInOnePlace, JustBelowPowersOfTwo, Huge };
-
-PlainParticles::Simulation randomParticles(std::size_t count, Spread spread, unsigned seed) {
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> wide(-9000.0, 9000.0);
-    std::uniform_int_distribution<int> crowded(0, 3);
-    std::uniform_int_distribution<int> degree(0, 12);
-    PlainParticles::Simulation simulation;
-    for (std::size_t i = 0; i < count; ++i) {
-        double x = wide(random), y = wide(random);
-        if (spread == Spread::Crowded) {
-            x = crowded(random) * 0.25;
-            y = crowded(random) * 0.75;
-        } else if (spread == Spread::OneRow) {
-            y = 5.0;
-        } else if (spread == Spread::AllInOnePlace) {
-            x = y = 7.5;
-        } else if (spread == Spread::JustBelowPowersOfTwo) {
-            // Half of the particles in one place, so that cubes of distances have fractions that are nearly all ones.
-            x = i % 2 == 0 ? 0.0 : std::ldexp(1.0 - std::ldexp(crowded(random), -53), static_cast<int>(i % 7));
-            y = 0;
-        } else if (spread == Spread::Huge) {
-            x *= i % 3 == 0 ? 1e60 : 1e110;
-            y *= 1e-60;
-        }
-        simulation.add(x, y, {});
-        PlainParticles::Particle& particle = simulation.particles.back();
-        particle.mass = i % 2 == 0 ? 1.0 + 5.0 * degree(random) : std::abs(wide(random));
-        particle.fx = wide(random) * 1e-3;
-        particle.fy = i % 3 == 0 ? 0.0 : wide(random);
-    }
-    return simulation;
-}
-
-ChargeArrays arraysOf(const PlainParticles::Simulation& simulation) {
-    ChargeArrays arrays;
-    for (const PlainParticles::Particle& particle : simulation.particles) {
-        arrays.x.push_back(particle.x);
-        arrays.y.push_back(particle.y);
-        arrays.mass.push_back(particle.mass);
-        arrays.fx.push_back(particle.fx);
-        arrays.fy.push_back(particle.fy);
-    }
-    return arrays;
-}
-
-bool sameBits(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
-}
 
 const std::vector<std::pair<const char*, InstructionSet>> Sets = {{"portable", InstructionSet::Portable},
                                                                   {"sse2", InstructionSet::Sse2},
                                                                   {"avx2", InstructionSet::Avx2},
                                                                   {"avx512", InstructionSet::Avx512}};
+
+auto step(InstructionSet set) {
+    return
+        [set](ChargeArrays& arrays, double coulomb) { return Kova::ParticleSystem::addCharges(arrays, coulomb, set); };
+}
 
 void addSetRows() {
     QTest::addColumn<InstructionSet>("set");
@@ -134,14 +91,8 @@ private Q_SLOTS:
     void everySetEqualsThePlainLoopBitForBit_data() {
         QTest::addColumn<InstructionSet>("set");
         QTest::addColumn<int>("spread");
-        const std::pair<const char*, Spread> spreads[] = {{"wide", Spread::Wide},
-                                                          {"crowded", Spread::Crowded},
-                                                          {"one row", Spread::OneRow},
-                                                          {"all in one place", Spread::AllInOnePlace},
-                                                          {"below powers of two", Spread::JustBelowPowersOfTwo},
-                                                          {"huge", Spread::Huge}};
         for (const auto& [name, set] : Sets)
-            for (const auto& [spreadName, spread] : spreads)
+            for (const auto& [spreadName, spread] : spreads())
                 QTest::addRow("%s, %s", name, spreadName) << set << static_cast<int>(spread);
     }
     void everySetEqualsThePlainLoopBitForBit() {
@@ -154,14 +105,7 @@ private Q_SLOTS:
             counts.push_back(count);
         for (const std::size_t count : counts) {
             for (unsigned seed = 1; seed <= 3; ++seed) {
-                PlainParticles::Simulation plain = randomParticles(count, static_cast<Spread>(spread), seed);
-                ChargeArrays arrays = arraysOf(plain);
-                const double smallest = Kova::ParticleSystem::addCharges(arrays, 3000.0, set);
-                QVERIFY(sameBits(smallest, plain.addCharges()));
-                for (std::size_t i = 0; i < count; ++i) {
-                    QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
-                    QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
-                }
+                QVERIFY(equalsThePlainLoop(randomParticles(count, static_cast<Spread>(spread), seed), step(set)));
             }
         }
     }
@@ -175,13 +119,7 @@ private Q_SLOTS:
         for (unsigned seed = 1; seed <= 20; ++seed) {
             PlainParticles::Simulation plain = randomParticles(500, Spread::Wide, seed);
             plain.coulomb = 1.0 / (0.1 + seed);
-            ChargeArrays arrays = arraysOf(plain);
-            Kova::ParticleSystem::addCharges(arrays, plain.coulomb, set);
-            plain.addCharges();
-            for (std::size_t i = 0; i < plain.particles.size(); ++i) {
-                QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
-                QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
-            }
+            QVERIFY(equalsThePlainLoop(plain, step(set)));
         }
     }
 
@@ -237,13 +175,7 @@ private Q_SLOTS:
             plain.particles[2].mass = 0;
             plain.particles[9].mass = 1e-200;
             plain.particles[12].mass = 1e90;
-            ChargeArrays arrays = arraysOf(plain);
-            Kova::ParticleSystem::addCharges(arrays, coulomb, set);
-            plain.addCharges();
-            for (std::size_t i = 0; i < plain.particles.size(); ++i) {
-                QVERIFY(sameBits(arrays.fx[i], plain.particles[i].fx));
-                QVERIFY(sameBits(arrays.fy[i], plain.particles[i].fy));
-            }
+            QVERIFY(equalsThePlainLoop(plain, step(set)));
         }
     }
 
