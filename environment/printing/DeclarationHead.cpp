@@ -2,6 +2,7 @@
 #include "environment/printing/DeclarationHead.h"
 
 #include "environment/printing/CDeclarator.h"
+#include "environment/printing/SourceText.h"
 #include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/ModuleDeclaration.h"
 #include "environment/tessel/OpaqueDeclaration.h"
@@ -10,6 +11,7 @@
 #include "environment/tessel/VariableDeclaration.h"
 
 #include <cstddef>
+#include <cstring>
 
 namespace Kova::Backends::DeclarationHead {
 
@@ -48,20 +50,45 @@ std::string specifiersOf(const SubroutineDeclaration& subroutine) {
     return words;
 }
 
-/// Where the assembler's name begins in the text of attributes; npos without one.
-std::size_t findAssemblerName(const std::string& attributes) {
-    for (const char* word : {"asm(", "asm (", "__asm__(", "__asm__ ("}) {
-        const std::size_t found = attributes.find(word);
-        if (found == 0 || (found != std::string::npos && attributes[found - 1] == ' '))
-            return found;
-    }
-    return std::string::npos;
+bool isAssemblerName(const std::string& attributes, std::size_t begin) {
+    if (begin != 0 && isWordCharacter(attributes[begin - 1]))
+        return false;
+    for (const char* word : {"asm(", "asm (", "__asm__(", "__asm__ ("})
+        if (attributes.compare(begin, std::strlen(word), word) == 0)
+            return true;
+    return false;
 }
 
-/// The position behind the parenthesis that closes the first one that opens from a position on.
-std::size_t behindGroup(const std::string& text, std::size_t begin) {
-    const std::size_t end = text.find(')', begin);
-    return end == std::string::npos ? text.size() : end + 1;
+/// A text of attributes, cut in three. All but the first are empty where no assembler's name stands among them.
+struct Attributes {
+    std::string before;
+    /// `asm ("name")`
+    std::string assemblerName;
+    std::string behind;
+};
+
+Attributes cutAtAssemblerName(const std::string& text) {
+    std::size_t begin = text.size();
+    int depth = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        if (text[i] == '"') {
+            i = skipQuoted(text, i);
+            continue;
+        }
+        if (depth == 0 && begin == text.size() && isAssemblerName(text, i))
+            begin = i;
+        depth += text[i] == '(' ? 1 : text[i] == ')' ? -1 : 0;
+        const bool isEnd = text[i++] == ')' && depth == 0;
+        if (isEnd && begin != text.size())
+            return {text.substr(0, begin), text.substr(begin, i - begin), text.substr(i)};
+    }
+    return {text.substr(0, begin), text.substr(begin), {}};
+}
+
+/// The words of a text with one blank behind it; nothing where there are none.
+std::string withBlankBehind(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1) + ' ';
 }
 
 } // namespace
@@ -77,13 +104,11 @@ const Type* typeOf(const DeclarationBase& declaration) {
 }
 
 std::string wordsBefore(const DeclarationBase& declaration) {
-    std::string words = declaration.getAttributes();
-    if (const std::size_t begin = findAssemblerName(words); begin != std::string::npos)
-        words.erase(begin, behindGroup(words, begin) - begin);
-    while (!words.empty() && words.back() == ' ')
-        words.pop_back();
-    if (!words.empty())
-        words += ' ';
+    std::string words;
+    if (!declaration.getAttributes().empty()) {
+        const Attributes attributes = cutAtAssemblerName(declaration.getAttributes());
+        words = withBlankBehind(attributes.before) + withBlankBehind(attributes.behind);
+    }
     if (const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration))
         return words + storageWords(variable->getStorageClass());
     if (const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(&declaration))
@@ -94,11 +119,10 @@ std::string wordsBefore(const DeclarationBase& declaration) {
 }
 
 std::string wordsBehind(const DeclarationBase& declaration) {
-    const std::string& attributes = declaration.getAttributes();
-    const std::size_t begin = attributes.empty() ? std::string::npos : findAssemblerName(attributes);
-    if (begin == std::string::npos)
+    if (declaration.getAttributes().empty())
         return {};
-    return ' ' + attributes.substr(begin, behindGroup(attributes, begin) - begin);
+    const std::string name = cutAtAssemblerName(declaration.getAttributes()).assemblerName;
+    return name.empty() ? name : ' ' + name;
 }
 
 bool canShare(const DeclarationBase& a, const DeclarationBase& b) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/printing/NamesInText.h"
 
+#include "environment/printing/SourceText.h"
 #include "environment/tessel/EnumeratorDeclaration.h"
 #include "environment/tessel/EnumeratorReference.h"
 #include "environment/tessel/SubroutineDeclaration.h"
@@ -9,7 +10,6 @@
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/service/Preorder.h"
 
-#include <cctype>
 #include <cstddef>
 #include <vector>
 
@@ -25,14 +25,16 @@ struct Word {
     TesselBase* owner;
 };
 
-bool isWordCharacter(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return std::isalnum(byte) != 0 || c == '_' || c == '$' || byte >= 0x80;
+bool isQuote(char c) {
+    return c == '"' || c == '\'';
 }
 
 /// True for the name of a member, which is no variable's.
 bool followsMemberAccess(const std::string& text, std::size_t begin) {
-    return begin != 0 && (text[begin - 1] == '.' || text.compare(begin < 2 ? 0 : begin - 2, 2, "->") == 0);
+    while (begin != 0 && text[begin - 1] == ' ')
+        --begin;
+    const bool isRange = begin > 2 && text.compare(begin - 3, 3, "...") == 0;
+    return !isRange && ((begin > 0 && text[begin - 1] == '.') || (begin > 1 && text.compare(begin - 2, 2, "->") == 0));
 }
 
 /// The words outside of character and string constants that can be a variable's name.
@@ -40,14 +42,13 @@ std::vector<Word> wordsOf(const std::string& text) {
     std::vector<Word> words;
     for (std::size_t i = 0; i < text.size();) {
         std::size_t end = i + 1;
-        if (text[i] == '"' || text[i] == '\'') {
-            while (end < text.size() && text[end] != text[i])
-                end += text[end] == '\\' ? 2 : 1;
-            ++end;
+        if (isQuote(text[i])) {
+            end = skipQuoted(text, i);
         } else if (isWordCharacter(text[i])) {
             while (end < text.size() && isWordCharacter(text[end]))
                 ++end;
-            if (!followsMemberAccess(text, i))
+            const bool isPrefix = end < text.size() && isQuote(text[end]); // as in L"text"
+            if (!isPrefix && !followsMemberAccess(text, i))
                 words.push_back({i, end - i, nullptr});
         }
         i = end;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstddef>
 
 namespace Kova::Backends {
 
@@ -12,18 +11,6 @@ namespace {
 
 bool isBlank(char c) {
     return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
-
-bool isWordCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$';
-}
-
-/// The position behind the character or string constant that begins at a quote. Text without its closing quote ends it.
-std::size_t skipQuoted(const std::string& text, std::size_t begin) {
-    std::size_t i = begin + 1;
-    while (i < text.size() && text[i] != text[begin])
-        i += text[i] == '\\' ? 2 : 1;
-    return std::min(i + 1, text.size());
 }
 
 /// The position behind the comment that begins there; begin itself when none does.
@@ -92,6 +79,18 @@ bool isOperatorWord(const std::string& word) {
 }
 
 } // namespace
+
+bool isWordCharacter(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return std::isalnum(byte) != 0 || c == '_' || c == '$' || byte >= 0x80;
+}
+
+std::size_t skipQuoted(const std::string& text, std::size_t begin) {
+    std::size_t i = begin + 1;
+    while (i < text.size() && text[i] != text[begin])
+        i += text[i] == '\\' ? 2 : 1;
+    return std::min(i + 1, text.size());
+}
 
 std::string toOneLine(const std::string& text, TextStyle style) {
     std::string line;

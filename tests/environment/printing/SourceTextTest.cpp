@@ -33,8 +33,24 @@ TEST(SourceTextTest, JoinsContinuedLinesOfFortran) {
     EXPECT_EQ(toOneLine("a // b", TextStyle::Fortran), "a // b");
 }
 
+TEST(SourceTextTest, SkipsConstants) {
+    EXPECT_EQ(skipQuoted("x \"a\" y", 2), 5U);
+    EXPECT_EQ(skipQuoted("'\"' y", 0), 3U);
+    EXPECT_EQ(skipQuoted(R"("a\"b\\" y)", 0), 8U);
+    EXPECT_EQ(skipQuoted("\"open", 0), 5U);
+    EXPECT_EQ(skipQuoted("\"open\\", 0), 6U);
+}
+
+TEST(SourceTextTest, KnowsWhatWordsConsistOf) {
+    for (const char c : {'a', 'Z', '0', '_', '$', '\xc3', '\xb6'})
+        EXPECT_TRUE(isWordCharacter(c)) << c;
+    for (const char c : {' ', '.', '(', '\'', '-', '\\', '\0'})
+        EXPECT_FALSE(isWordCharacter(c)) << c;
+}
+
 TEST(SourceTextTest, TrustsOneWordWithAtMostOneGroup) {
-    for (const char* text : {"x", "x1", "42", "(a + b)", "f()", "f (a, b)", "a[i + 1]", "[1, 2]", "f(\")\")", " x "})
+    for (const char* text :
+         {"x", "x1", "42", "(a + b)", "f()", "f (a, b)", "a[i + 1]", "[1, 2]", "f(\")\")", " x ", "größe"})
         EXPECT_EQ(precedenceOfText(text), Precedence::Primary) << text;
     for (const char* text : {"", "-x", "a + b", "f(a)(b)", "(int) x", "sizeof (x)", "__real__ (x)", "f(a", "a b", "1.5",
                              "f(a) + g(b)", "(a) + (b)"})
