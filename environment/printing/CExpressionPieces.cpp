@@ -15,9 +15,11 @@
 #include "environment/tessel/EnumeratorReference.h"
 #include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/GenericSelectionExpression.h"
+#include "environment/tessel/IfStatement.h"
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/LabelAddressExpression.h"
 #include "environment/tessel/LiteralExpression.h"
+#include "environment/tessel/LoopStatement.h"
 #include "environment/tessel/MemberExpression.h"
 #include "environment/tessel/OpaqueExpression.h"
 #include "environment/tessel/SectionExpression.h"
@@ -27,6 +29,7 @@
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/SubroutineReference.h"
 #include "environment/tessel/SubscriptExpression.h"
+#include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/TypeQueryExpression.h"
 #include "environment/tessel/UnaryExpression.h"
 #include "environment/tessel/VariableDeclaration.h"
@@ -77,6 +80,13 @@ TesselBase& openerFor(TesselBase& expression) {
     // Among statements the statement says more than its declaration.
     auto* statement = dynamic_cast<StatementBase*>(node->getParent());
     return statement != nullptr && dynamic_cast<const DeclarationBase*>(node) != nullptr ? *statement : *node;
+}
+
+/// The header of a branch or loop is one line, from which views find where control comes and goes.
+bool isHeader(const TesselBase& opener) {
+    return dynamic_cast<const IfStatement*>(&opener) != nullptr ||
+           dynamic_cast<const LoopStatement*>(&opener) != nullptr ||
+           dynamic_cast<const SwitchStatement*>(&opener) != nullptr;
 }
 
 } // namespace
@@ -258,8 +268,7 @@ void CExpressionPieces::visit(TypeQueryExpression& node) {
     child(node.getOperand(), Precedence::Unary);
 }
 
-void CExpressionPieces::valuesInRows(InitializerListExpression& node, std::size_t row) {
-    TesselBase& opener = openerFor(node);
+void CExpressionPieces::valuesInRows(InitializerListExpression& node, TesselBase& opener, std::size_t row) {
     text("{");
     out().indent();
     for (std::size_t i = 0; i < node.getChildCount(); ++i) {
@@ -275,10 +284,12 @@ void CExpressionPieces::valuesInRows(InitializerListExpression& node, std::size_
 }
 
 void CExpressionPieces::visit(InitializerListExpression& node) {
-    const std::size_t row = valuesALine(node);
-    if (row != 0) {
-        valuesInRows(node, row);
-        return;
+    if (const std::size_t row = valuesALine(node); row != 0) {
+        TesselBase& opener = openerFor(node);
+        if (!isHeader(opener)) {
+            valuesInRows(node, opener, row);
+            return;
+        }
     }
     const bool isEmpty = node.getChildCount() == 0;
     text(isEmpty ? "{}" : "{ ");

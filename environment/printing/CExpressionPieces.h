@@ -65,8 +65,7 @@ protected:
     void text(std::string text) { m_out->text(std::move(text), *m_node); }
     void name(const std::string& name) { m_out->name(name, *m_node); }
     /// Source text with what is below the node in its places, see splitAtOperands.
-    void sourceText(const std::string& text,
-                    const std::vector<std::optional<Tessel::TextPlace>>& operandPlaces = {});
+    void sourceText(const std::string& text, const std::vector<std::optional<Tessel::TextPlace>>& operandPlaces = {});
     void child(const Tessel::TesselBase* node, Precedence context = Precedence::Comma) { m_out->node(node, context); }
     void type(const Tessel::Type* type) { m_out->type(type, *m_node); }
     /// The children from a number on, with commas between them, as arguments are.
@@ -75,7 +74,7 @@ protected:
     void operand(Tessel::BinaryOperator operation, const Tessel::ExpressionBase* operand, Precedence context);
 
 private:
-    void valuesInRows(Tessel::InitializerListExpression& node, std::size_t row);
+    void valuesInRows(Tessel::InitializerListExpression& node, Tessel::TesselBase& opener, std::size_t row);
 
     PieceList* m_out = nullptr;
     Tessel::TesselBase* m_node = nullptr;

@@ -75,6 +75,8 @@ void PiecePrinter::printPiece(const Piece& piece) {
 
 void PiecePrinter::expandNode(Tessel::TesselBase& node, Precedence context) {
     const Precedence precedence = m_language.expand(node, m_expanded);
+    if (m_expanded.isEmpty())
+        m_expanded.nothing(node);
     const bool parenthesized = precedence < context;
     if (parenthesized)
         m_pending.push_back(textPiece(")", node));

@@ -11,8 +11,9 @@ class PieceLanguage;
 class PieceSink;
 
 /// Prints a tree into a sink: expands node after node from a list of what is left to print. It does not recurse, so a
-/// tree may be of any depth. It sets the parentheses that the language's precedences need and no others, and puts a
-/// blank between two texts that would be read as one operator or as the begin of a comment.
+/// tree may be of any depth. It sets the parentheses that the language's precedences need and no others, puts a blank
+/// between two texts that would be read as one operator or as the begin of a comment, and gives a node that prints as
+/// nothing an empty text.
 class PiecePrinter {
 public:
     /// Both outlive the printer.
