@@ -2,13 +2,13 @@
 // Which calls of a procedure's text are made when it runs.
 #include "environment/analyses/callgraph/CallGraph.h"
 #include "environment/tessel/CastExpression.h"
-#include "environment/tessel/DeclarationStatement.h"
 #include "environment/tessel/DesignatedInitializerExpression.h"
 #include "environment/tessel/ForStatement.h"
 #include "environment/tessel/GenericSelectionExpression.h"
 #include "environment/tessel/IfStatement.h"
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/OpaqueStatement.h"
+#include "environment/tessel/RecordDeclaration.h"
 #include "environment/tessel/ReturnStatement.h"
 #include "environment/tessel/StatementExpression.h"
 #include "environment/tessel/SwitchStatement.h"
@@ -31,11 +31,6 @@ protected:
     /// The calls that main makes, as text.
     std::string calls() { return textOf(CallGraph(&main)); }
     void append(StatementPtr node) { main.getBody()->append(std::move(node)); }
-    void declareHere(DeclarationPtr declaration) {
-        auto node = std::make_unique<DeclarationStatement>();
-        node->append(std::move(declaration));
-        append(std::move(node));
-    }
     const Type* variableLength(const ExpressionBase& length) {
         ArrayDimension dimension;
         dimension.kind = ArrayDimension::Extent::Variable;
@@ -83,10 +78,10 @@ TEST_F(CallGraphEvaluationTest, FindsCallsInDeclarations) {
     auto variable = std::make_unique<VariableDeclaration>("v", nullptr, std::move(list));
     variable->setStorageClass(StorageClass::Static);
     variable->appendBound(call(f));
-    declareHere(std::move(variable));
+    append(declareHere(std::move(variable)));
     auto alias = std::make_unique<TypedefDeclaration>("row", nullptr);
     alias->appendBound(call(f));
-    declareHere(std::move(alias));
+    append(declareHere(std::move(alias)));
     auto parameter = std::make_unique<VariableDeclaration>("p", nullptr);
     parameter->appendBound(call(f));
     main.appendParameter(std::move(parameter));
@@ -136,6 +131,35 @@ TEST_F(CallGraphEvaluationTest, KnowsThatSizeofEvaluatesAnOperandOfVariableLengt
     EXPECT_EQ(calls(), "f:\nmain: f*1\n");
 }
 
+TEST_F(CallGraphEvaluationTest, KnowsWhichTypesAreOfVariableLength) {
+    const ExpressionPtr length = literal("3");
+    TypeTable& types = program.getTypes();
+    ArrayDimension two;
+    two.kind = ArrayDimension::Extent::Constant;
+    two.extent = 2;
+    const Type* variable = variableLength(*length);
+    const TypedefDeclaration row("row", variable);
+    const TypedefDeclaration rows("rows", types.array(types.declared(row), {two}));
+    const TypedefDeclaration word("word", intType);
+    const RecordDeclaration record("s", RecordDeclaration::Kind::Struct);
+    const auto callsWithOperandOf = [&](const Type* type) {
+        SubroutineDeclaration& user = define(unit, "user");
+        ExpressionPtr operand = unary(UnaryOperator::Dereference, call(f));
+        operand->setType(type);
+        perform(user, std::make_unique<TypeQueryExpression>(Query::SizeOf, std::move(operand)));
+        return CallGraph(&user).getGraph().count("f");
+    };
+    for (const Type* type : {variable, static_cast<const Type*>(types.array(variable, {two})),
+                             static_cast<const Type*>(types.declared(rows))})
+        EXPECT_EQ(callsWithOperandOf(type), 1U);
+    // A pointer is as long as any other, whatever it points to.
+    for (const Type* type :
+         {static_cast<const Type*>(nullptr), intType, static_cast<const Type*>(types.pointer(variable)),
+          static_cast<const Type*>(types.array(types.pointer(variable), {two})),
+          static_cast<const Type*>(types.declared(word)), static_cast<const Type*>(types.declared(record))})
+        EXPECT_EQ(callsWithOperandOf(type), 0U);
+}
+
 TEST_F(CallGraphEvaluationTest, TakesTheChosenValueOfAGenericSelection) {
     auto& h = define(unit, "h");
     auto selection = std::make_unique<GenericSelectionExpression>(call(f), 1);
@@ -166,8 +190,8 @@ TEST_F(CallGraphEvaluationTest, GivesInnerProceduresTheirOwnCalls) {
     auto inner = std::make_unique<SubroutineDeclaration>("inner", nullptr);
     inner->setBody(block(statement(call(f))));
     SubroutineDeclaration& nested = *inner;
-    declareHere(std::move(inner));
-    declareHere(std::make_unique<SubroutineDeclaration>("prototype", nullptr));
+    append(declareHere(std::move(inner)));
+    append(declareHere(std::make_unique<SubroutineDeclaration>("prototype", nullptr)));
     perform(main, call(nested));
     EXPECT_EQ(calls(), "f:\ninner: f*1\nmain: inner*1\n");
 }
