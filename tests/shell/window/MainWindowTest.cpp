@@ -43,6 +43,7 @@ class MainWindowTest : public QObject {
 
 private Q_SLOTS:
     void init();
+    void cleanup();
     void startsEmpty();
     void opensAndShowsTheProgram();
     void startTakesViewFunctionAndLine();
@@ -80,10 +81,18 @@ private:
 };
 
 void MainWindowTest::init() {
-    m_window.reset();
     m_folder = std::make_unique<Testing::SourceFolder>();
     m_settings = std::make_unique<QSettings>(m_folder->path("settings.ini"), QSettings::IniFormat);
     m_window = makeWindow();
+}
+
+// The folder goes last: settings are written when they go, and would make it anew.
+void MainWindowTest::cleanup() {
+    m_window.reset();
+    m_settings.reset();
+    const QString path = m_folder->path({});
+    m_folder.reset();
+    QVERIFY(!QFile::exists(path));
 }
 
 std::unique_ptr<MainWindow> MainWindowTest::makeWindow() {
