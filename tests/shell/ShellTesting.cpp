@@ -23,6 +23,8 @@ QStringList FreshFolder::filesIn(const QString& directory) const {
     return Testing::filesIn(path(directory));
 }
 
+const QStringList describing = {"--view", "call-graph", "--describe"};
+
 const SourceFiles staticsOfOneName = {{"a.c", "static int f(void) { return 1; }\n"},
                                       {"b.c", "static int f(void) { return 2; }\n"}};
 

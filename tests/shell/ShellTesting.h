@@ -58,6 +58,9 @@ inline constexpr auto callInALoop = "static int leaf(int x) { return x; }\n"
                                     "    return s;\n"
                                     "}\n";
 
+/// The options that describe the call graph of the files behind them.
+extern const QStringList describing;
+
 /// Names and contents.
 using SourceFiles = std::vector<std::pair<QString, QByteArray>>;
 

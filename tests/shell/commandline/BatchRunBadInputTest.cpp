@@ -10,20 +10,9 @@
 
 namespace Kova::Shell {
 
-namespace {
+using namespace Testing;
 
-using Testing::Finished;
-using Testing::hasMessageForm;
-using Testing::namesIn;
-using Testing::parse;
-using Testing::runProgram;
-
-constexpr auto source = Testing::twoCalls;
-const QStringList describing = {"--view", "call-graph", "--describe"};
-
-} // namespace
-
-class BatchRunBadInputTest : public QObject, private Testing::FreshFolder {
+class BatchRunBadInputTest : public QObject, private FreshFolder {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -52,7 +41,7 @@ void BatchRunBadInputTest::missingFile() {
     QCOMPARE(alone.out, QByteArray());
     QVERIFY2(alone.error.startsWith(path("missing.c").toUtf8() + ": error: "), alone.error.constData());
     // The others are processed all the same.
-    const Finished among = runProgram(describing + QStringList{path("missing.c"), write("a.c", source)});
+    const Finished among = runProgram(describing + QStringList{path("missing.c"), write("a.c", twoCalls)});
     QCOMPARE(among.status, 3);
     QCOMPARE(namesIn(parse(among.out), "nodes", "text"), QStringList({"leaf", "main"}));
     const Finished list = runProgram({"--list", path("missing.c")});
@@ -99,7 +88,7 @@ void BatchRunBadInputTest::syntaxErrors() {
 }
 
 void BatchRunBadInputTest::missingInclude() {
-    const QString file = write("a.c", QByteArray("#include \"nowhere.h\"\n") + source);
+    const QString file = write("a.c", QByteArray("#include \"nowhere.h\"\n") + twoCalls);
     const Finished run = runProgram(describing + QStringList(file));
     QCOMPARE(run.status, 0);
     QVERIFY2(run.error.contains(":1:10: ") && run.error.contains("nowhere.h"), run.error.constData());
@@ -120,7 +109,7 @@ void BatchRunBadInputTest::otherDialect() {
 }
 
 void BatchRunBadInputTest::twoFilesOneBroken() {
-    const QString good = write("good.c", source);
+    const QString good = write("good.c", twoCalls);
     const QString broken = write("broken.c", "%%%%\n");
     const Finished run = runProgram(describing + QStringList{broken, good});
     QCOMPARE(namesIn(parse(run.out), "nodes", "text"), QStringList({"leaf", "main"}));
@@ -176,7 +165,7 @@ void BatchRunBadInputTest::unwritableExports_data() {
 void BatchRunBadInputTest::unwritableExports() {
     QFETCH(QString, target);
     QFETCH(QString, reason);
-    const Finished run = runProgram({"--view", "call-graph", "--export", target, write("a.c", source)});
+    const Finished run = runProgram({"--view", "call-graph", "--export", target, write("a.c", twoCalls)});
     QCOMPARE(run.status, 3);
     QVERIFY2(run.error.startsWith("kova-shell: cannot write '" + target.toUtf8()), run.error.constData());
     QVERIFY2(run.error.contains(reason.toUtf8()), run.error.constData());
@@ -186,7 +175,7 @@ void BatchRunBadInputTest::failedExportLeavesTheOldFile() {
     QVERIFY(QDir().mkpath(path("out/a.png")));
     write("out/keep", "old");
     const Finished directory =
-        runProgram({"--view", "call-graph", "--export", path("out/a.png"), write("a.c", source)});
+        runProgram({"--view", "call-graph", "--export", path("out/a.png"), write("a.c", twoCalls)});
     QCOMPARE(directory.status, 3);
     QCOMPARE(filesIn("out"), QStringList("keep"));
     const QString link = path("full.svg");
@@ -196,7 +185,7 @@ void BatchRunBadInputTest::failedExportLeavesTheOldFile() {
 }
 
 void BatchRunBadInputTest::fullStandardOutput() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     for (const QStringList& arguments : {describing + QStringList(file), QStringList{"--list", file}}) {
         const Finished run = runProgram(arguments, "/dev/full");
         QCOMPARE(run.status, 3);
@@ -205,11 +194,11 @@ void BatchRunBadInputTest::fullStandardOutput() {
 }
 
 void BatchRunBadInputTest::galleryCannotBeMade() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const Finished run = runProgram({"--export-all", file + "/below", file});
     QCOMPARE(run.status, 3);
     QVERIFY2(run.error.startsWith("kova-shell: cannot make the directory"), run.error.constData());
-    QCOMPARE(Testing::contentOf(file), QByteArray(source));
+    QCOMPARE(contentOf(file), QByteArray(twoCalls));
 }
 
 void BatchRunBadInputTest::nothingForTheGallery() {

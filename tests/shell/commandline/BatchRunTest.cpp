@@ -14,16 +14,9 @@
 
 namespace Kova::Shell {
 
+using namespace Testing;
+
 namespace {
-
-using Testing::Finished;
-using Testing::hasMessageForm;
-using Testing::namesIn;
-using Testing::parse;
-using Testing::runProgram;
-
-constexpr auto source = Testing::twoCalls;
-const QStringList describing = {"--view", "call-graph", "--describe"};
 
 QImage renderSvg(const QByteArray& svg) {
     QSvgRenderer renderer(svg);
@@ -48,7 +41,7 @@ double differingShare(const QImage& one, const QImage& other) {
 
 } // namespace
 
-class BatchRunTest : public QObject, private Testing::FreshFolder {
+class BatchRunTest : public QObject, private FreshFolder {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -92,7 +85,7 @@ void BatchRunTest::wrongUsage() {
 }
 
 void BatchRunTest::describe() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const Finished run = runProgram(describing + QStringList(file));
     QCOMPARE(run.status, 0);
     QCOMPARE(run.error, QByteArray());
@@ -108,7 +101,7 @@ void BatchRunTest::describe() {
 }
 
 void BatchRunTest::describeAndExportTogether() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const Finished run = runProgram(describing + QStringList{"--export", path("a.png"), file});
     QCOMPARE(run.status, 0);
     const QJsonArray size = parse(run.out)["size"].toArray();
@@ -116,7 +109,7 @@ void BatchRunTest::describeAndExportTogether() {
 }
 
 void BatchRunTest::exportEveryFormat() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     for (const char* name : {"a.png", "a.xpm", "a.SVG"}) {
         const Finished run = runProgram({"--view", "call-graph", "--export", path(name), file});
         QCOMPARE(run.status, 0);
@@ -125,14 +118,14 @@ void BatchRunTest::exportEveryFormat() {
     const QImage png(path("a.png"));
     QVERIFY(!png.isNull());
     QCOMPARE(QImage(path("a.xpm")).convertToFormat(png.format()), png);
-    const QByteArray svg = Testing::contentOf(path("a.SVG"));
+    const QByteArray svg = contentOf(path("a.SVG"));
     QVERIFY(svg.contains(QString("viewBox=\"0 0 %1 %2\"").arg(png.width()).arg(png.height()).toUtf8()));
     QVERIFY(svg.contains(">main<") && svg.contains(">leaf<"));
     QVERIFY(differingShare(png, renderSvg(svg)) < 0.01);
 }
 
 void BatchRunTest::listAndExportAll() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const Finished run = runProgram({"--list", "--export-all", path("out"), file});
     QCOMPARE(run.status, 0);
     QCOMPARE(run.error, QByteArray());
@@ -142,7 +135,7 @@ void BatchRunTest::listAndExportAll() {
 }
 
 void BatchRunTest::functionAndLine() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const QJsonObject leaf = parse(runProgram(describing + QStringList{"--function", "leaf", file}).out);
     QCOMPARE(leaf["subject"].toString(), QString("subroutine leaf"));
     QCOMPARE(namesIn(leaf, "nodes", "text"), QStringList("leaf"));
@@ -152,7 +145,7 @@ void BatchRunTest::functionAndLine() {
 }
 
 void BatchRunTest::unknownFunctionAndLine() {
-    const QString file = write("a.c", source);
+    const QString file = write("a.c", twoCalls);
     const Finished function = runProgram(describing + QStringList{"--function", "Main", file});
     QCOMPARE(function.status, 2);
     QCOMPARE(function.out, QByteArray());
@@ -177,7 +170,7 @@ void BatchRunTest::includeAndDefine() {
 }
 
 void BatchRunTest::deviceGetsPng() {
-    const Finished run = runProgram({"--view", "call-graph", "--export", "/dev/stdout", write("a.c", source)});
+    const Finished run = runProgram({"--view", "call-graph", "--export", "/dev/stdout", write("a.c", twoCalls)});
     QCOMPARE(run.status, 0);
     QVERIFY(!QImage::fromData(run.out, "PNG").isNull());
 }
@@ -192,8 +185,8 @@ void BatchRunTest::headerCountsAsTheProgramsOwn() {
 }
 
 void BatchRunTest::fileNamesInUtf8() {
-    const QString file = write(QString::fromUtf8("gr\xc3\xbc\xc3\x9f e.c"), source);
-    QProcessEnvironment environment = Testing::withoutDisplay();
+    const QString file = write(QString::fromUtf8("gr\xc3\xbc\xc3\x9f e.c"), twoCalls);
+    QProcessEnvironment environment = withoutDisplay();
     environment.insert("LC_ALL", "C");
     const QString picture = path(QString::fromUtf8("b\xc3\xa4r.png"));
     const Finished run = runProgram(describing + QStringList{"--export", picture, file}, {}, environment);

@@ -51,11 +51,7 @@ private Q_SLOTS:
 
     // A library's procedure has no entry: its number is the number of entries.
     void calleeWithoutEntryIsNumberedBehindAll() {
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a.c");
-        Procedure& puts = SampleProgram::addExternal(file, "puts");
-        Procedure& main = SampleProgram::addProcedure(file, "main");
-        SampleProgram::addCall(main, puts, "0");
+        LibraryUser program;
         const ::CallGraph graph(&program.unit());
         const Lists lists(graph);
         QCOMPARE(lists.names, std::vector<std::string>{"main"});

@@ -201,11 +201,7 @@ private Q_SLOTS:
     }
 
     void callOfALibraryGivesNeitherEdgeNorMessage() {
-        SampleProgram program;
-        TranslationUnit& file = program.addFile("a.c");
-        Procedure& puts = SampleProgram::addExternal(file, "puts");
-        Procedure& main = SampleProgram::addProcedure(file, "main");
-        SampleProgram::addCall(main, puts, "0");
+        LibraryUser program;
         TestedWidget widget;
         widget.onNewProgram(program.unit());
         QCOMPARE(widget.nodeTexts(), QStringList{"main"});

@@ -65,3 +65,13 @@ public:
         addCall(beta, beta, "2");
     }
 };
+
+/// main calls a library's puts once.
+class LibraryUser : public SampleProgram {
+public:
+    LibraryUser() {
+        Kova::Tessel::TranslationUnit& file = addFile("a.c");
+        Procedure& puts = addExternal(file, "puts");
+        addCall(addProcedure(file, "main"), puts, "0");
+    }
+};
