@@ -94,20 +94,12 @@ void open(benchmark::State& state) {
     run(state, openWhole);
 }
 
-BENCHMARK(clangParse)
-    ->Arg(2000)
-    ->Arg(20000)
-    ->Arg(80000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime();
-BENCHMARK(open)
-    ->Arg(2000)
-    ->Arg(20000)
-    ->Arg(80000)
-    ->Unit(benchmark::kMillisecond)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime();
+void sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(2000)->Arg(20000)->Arg(80000)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+}
+
+BENCHMARK(clangParse)->Apply(sizes);
+BENCHMARK(open)->Apply(sizes);
 
 } // namespace
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "benchmarks/visualization/WidgetBenchmarks.h"
 #include "environment/analyses/callgraph/CallGraph.h"
 #include "tests/visualization/callgraph/SampleProgram.h"
 #include "visualization/callgraph/CallGraphWidget.h"
-
-#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -74,8 +73,5 @@ BENCHMARK(convertToLists)->Arg(200)->Arg(1000)->Arg(5000)->Unit(benchmark::kMill
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return Kova::Benchmark::runWithWidgets(argc, argv);
 }

@@ -2,6 +2,7 @@
 // What the mouse costs in a large graph: hovering, a wheel notch, a step of dragging a node.
 #include "SampleGraph.h"
 #include "SampleScene.h"
+#include "benchmarks/visualization/WidgetBenchmarks.h"
 #include "tests/visualization/graphcore/PlainGraph.h"
 
 #include <QApplication>
@@ -155,8 +156,5 @@ BENCHMARK_CAPTURE(release, random, Links::Random)->Apply(sizes);
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return Kova::Benchmark::runWithWidgets(argc, argv);
 }

@@ -2,6 +2,7 @@
 // How long a repaint of the whole viewport takes: culled, drawing everything, and by a QGraphicsView.
 #include "SampleGraph.h"
 #include "SampleScene.h"
+#include "benchmarks/visualization/WidgetBenchmarks.h"
 
 #include <QApplication>
 
@@ -60,8 +61,5 @@ BENCHMARK_CAPTURE(repaintView, random_view, Links::Random)->Apply(sizes);
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return Kova::Benchmark::runWithWidgets(argc, argv);
 }
