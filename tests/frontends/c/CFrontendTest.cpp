@@ -45,21 +45,17 @@ TEST(CFrontendTest, anEmptyFileIsAUnitWithoutDeclarations) {
 }
 
 TEST(CFrontendTest, filesThatCannotBeReadLeaveAMessageAndNoUnit) {
-    const SourceFolder folder;
-    Tessel::ProgramUnit program;
-    const CFrontend frontend({});
-    EXPECT_EQ(frontend.read(folder.pathOf("no.c"), program), Result::Unreadable);
-    EXPECT_EQ(frontend.read(folder.pathOf(""), program), Result::Unreadable);
-    EXPECT_EQ(frontend.read(folder.write("bin.c", std::string("\x7f"
-                                                              "ELF\0",
-                                                              5)),
-                            program),
+    ReadFiles files;
+    EXPECT_EQ(files.read("no.c"), Result::Unreadable);
+    EXPECT_EQ(files.read(""), Result::Unreadable);
+    EXPECT_EQ(files.read("bin.c", std::string("\x7f"
+                                              "ELF\0",
+                                              5)),
               Result::Unreadable);
-    EXPECT_EQ(program.getChildCount(), 0u);
-    EXPECT_EQ(messagesOf(program, folder.pathOf("")),
-              "no.c: error: cannot read the file: No such file or directory\n"
-              ": error: cannot read the file: it is a directory\n"
-              "bin.c: error: this is no C text: byte 4 is NUL, as in a binary file\n");
+    EXPECT_EQ(files.program.getChildCount(), 0u);
+    EXPECT_EQ(files.messages(), "no.c: error: cannot read the file: No such file or directory\n"
+                                ": error: cannot read the file: it is a directory\n"
+                                "bin.c: error: this is no C text: byte 4 is NUL, as in a binary file\n");
 }
 
 TEST(CFrontendTest, whatCanBeReadOfAFileWithErrorsIsThere) {
@@ -102,19 +98,16 @@ TEST(CFrontendTest, afterAMissingHeaderReadingGoesOn) {
 }
 
 TEST(CFrontendTest, oneBadFileDoesNotBlockTheOthers) {
-    const SourceFolder folder;
-    Tessel::ProgramUnit program;
-    const CFrontend frontend({});
-    EXPECT_EQ(frontend.read(folder.write("a.c", "int f(void) { return 1; }\n"), program), Result::Complete);
-    EXPECT_EQ(frontend.read(folder.write("b.c", "int g(void) { return }\nint h;\n"), program), Result::Partial);
-    EXPECT_EQ(frontend.read(folder.pathOf("c.c"), program), Result::Unreadable);
-    EXPECT_EQ(frontend.read(folder.write("d.c", "int f(void); int k(void) { return f(); }\n"), program),
-              Result::Complete);
-    ASSERT_EQ(program.getChildCount(), 3u);
-    EXPECT_EQ(program.getTranslationUnit(1)->getChildCount(), 2u);
-    EXPECT_EQ(program.getTranslationUnit(2)->getPath(), folder.pathOf("d.c"));
-    EXPECT_EQ(messagesOf(program, folder.pathOf("")), "b.c:1:22: error: expected expression\n"
-                                                      "c.c: error: cannot read the file: No such file or directory\n");
+    ReadFiles files;
+    EXPECT_EQ(files.read("a.c", "int f(void) { return 1; }\n"), Result::Complete);
+    EXPECT_EQ(files.read("b.c", "int g(void) { return }\nint h;\n"), Result::Partial);
+    EXPECT_EQ(files.read("c.c"), Result::Unreadable);
+    EXPECT_EQ(files.read("d.c", "int f(void); int k(void) { return f(); }\n"), Result::Complete);
+    ASSERT_EQ(files.program.getChildCount(), 3u);
+    EXPECT_EQ(files.program.getTranslationUnit(1)->getChildCount(), 2u);
+    EXPECT_EQ(files.program.getTranslationUnit(2)->getPath(), files.folder.pathOf("d.c"));
+    EXPECT_EQ(files.messages(), "b.c:1:22: error: expected expression\n"
+                                "c.c: error: cannot read the file: No such file or directory\n");
 }
 
 TEST(CFrontendTest, dialects) {
@@ -152,12 +145,10 @@ TEST(CFrontendTest, whatTheSystemsCompilerTakesIsAWarning) {
 }
 
 TEST(CFrontendTest, aHeaderIsReadAsC) {
-    const SourceFolder folder;
-    Tessel::ProgramUnit program;
-    const std::string path = folder.write("a.h", "#pragma once\nstatic inline int f(int class) { return class; }\n");
-    EXPECT_EQ(CFrontend({}).read(path, program), Result::Complete);
-    EXPECT_EQ(program.getTranslationUnit(0)->getChildCount(), 1u);
-    EXPECT_EQ(messagesOf(program, ""), "");
+    ReadFiles files;
+    EXPECT_EQ(files.read("a.h", "#pragma once\nstatic inline int f(int class) { return class; }\n"), Result::Complete);
+    EXPECT_EQ(files.program.getTranslationUnit(0)->getChildCount(), 1u);
+    EXPECT_EQ(files.messages(), "");
 }
 
 TEST(CFrontendTest, strangeFileNames) {

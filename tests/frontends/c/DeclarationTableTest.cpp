@@ -69,21 +69,17 @@ TEST(DeclarationTableTest, systemHeadersAreKeptBesideTheProgramAsFarAsItUsesThem
 }
 
 TEST(DeclarationTableTest, theUsersHeadersArePartOfTheProgram) {
-    const SourceFolder folder;
-    folder.write("inc/lib.h", "struct point { int x; };\nint area(struct point p);\n");
-    folder.write("own.h", "extern int own;\n");
-    Tessel::ProgramUnit program;
-    const CFrontend frontend({{folder.pathOf("inc")}, {}, ""});
-    const std::string path =
-        folder.write("a.c", "#include <lib.h>\n#include \"own.h\"\nint main(void) { return own; }\n");
-    ASSERT_EQ(frontend.read(path, program), CFrontend::Result::Complete);
+    const Reading reading(
+        "#include <lib.h>\n#include \"own.h\"\nint main(void) { return own; }\n",
+        Headers{{"inc/lib.h", "struct point { int x; };\nint area(struct point p);\n"}, {"own.h", "extern int own;\n"}},
+        {{"inc"}, {}, ""});
+    ASSERT_EQ(reading.result, CFrontend::Result::Complete);
     std::string names;
-    for (std::size_t i = 0; i < program.getTranslationUnit(0)->getChildCount(); ++i)
-        names += program.getTranslationUnit(0)->getDeclaration(i)->getName() + ' ';
+    for (std::size_t i = 0; i < reading.unit().getChildCount(); ++i)
+        names += reading.unit().getDeclaration(i)->getName() + ' ';
     EXPECT_EQ(names, "point area own main ");
-    EXPECT_TRUE(program.getTranslationUnit(0)->getExternalDeclarations().empty());
-    EXPECT_EQ(toString(program.getTranslationUnit(0)->getChild(0)->getSourceRange()),
-              folder.pathOf("inc/lib.h") + ":1:1");
+    EXPECT_TRUE(reading.unit().getExternalDeclarations().empty());
+    EXPECT_EQ(toString(reading.unit().getChild(0)->getSourceRange()), reading.folder.pathOf("inc/lib.h") + ":1:1");
 }
 
 TEST(DeclarationTableTest, functionsDeclaredByTheirFirstCall) {

@@ -52,11 +52,10 @@ TEST(DirectiveRecorderTest, whatSpeaksOfTheSourceIsNotRepeated) {
     EXPECT_EQ(treeOf("#pragma once\n#pragma pack(1)\n#pragma pack ( )\n#pragma push_macro(\"a\")\n"
                      "#pragma pop_macro(\"a\")\n#pragma GCC poison b\nint a;\n#pragma packing\n"),
               "variable a int\nopaque `#pragma packing`\n");
-    const SourceFolder folder;
-    folder.write("own.h", "#pragma once\n#pragma GCC system_header\n#pragma omp declare simd\nint f(void);\n");
-    Tessel::ProgramUnit program;
-    ASSERT_EQ(CFrontend({}).read(folder.write("a.c", "#include \"own.h\"\n"), program), CFrontend::Result::Complete);
-    EXPECT_EQ(program.getTranslationUnit(0)->getChildCount(), 2u);
+    const Reading reading("#include \"own.h\"\n", Headers{{"own.h", "#pragma once\n#pragma GCC system_header\n"
+                                                                    "#pragma omp declare simd\nint f(void);\n"}});
+    ASSERT_EQ(reading.result, CFrontend::Result::Complete);
+    EXPECT_EQ(reading.unit().getChildCount(), 2u);
 }
 
 TEST(DirectiveRecorderTest, skippedTextAndSystemHeadersHaveNone) {
@@ -65,15 +64,14 @@ TEST(DirectiveRecorderTest, skippedTextAndSystemHeadersHaveNone) {
 }
 
 TEST(DirectiveRecorderTest, headersOfTheUserHaveTheirs) {
-    const SourceFolder folder;
-    folder.write("own/own.h", "#pragma of a header\n#define SIZE _Pragma(\"of a macro\") 4\n");
-    Tessel::ProgramUnit program;
-    const std::string path = folder.write("a.c", "#include <own.h>\nint a = SIZE;\n");
-    ASSERT_EQ(CFrontend({{folder.pathOf("own")}, {}, ""}).read(path, program), CFrontend::Result::Complete);
-    EXPECT_EQ(treeText(*program.getTranslationUnit(0)), "unit\n"
-                                                        "  opaque `#pragma of a header`\n"
-                                                        "  opaque `#pragma of a macro`\n"
-                                                        "  variable a int = 4\n");
+    const Reading reading("#include <own.h>\nint a = SIZE;\n",
+                          Headers{{"own/own.h", "#pragma of a header\n#define SIZE _Pragma(\"of a macro\") 4\n"}},
+                          {{"own"}, {}, ""});
+    ASSERT_EQ(reading.result, CFrontend::Result::Complete);
+    EXPECT_EQ(treeText(reading.unit()), "unit\n"
+                                        "  opaque `#pragma of a header`\n"
+                                        "  opaque `#pragma of a macro`\n"
+                                        "  variable a int = 4\n");
 }
 
 } // namespace Kova::Frontends

@@ -15,24 +15,21 @@ namespace Kova::Frontends {
 using namespace Test;
 
 TEST(GivingUpTest, afterAnOverflowTheProgramGoesOn) {
-    const SourceFolder folder;
-    Tessel::ProgramUnit program;
-    const CFrontend frontend({});
-    ASSERT_EQ(frontend.read(folder.write("a.c", "int a(void) { return 1; }"), program), CFrontend::Result::Complete);
+    ReadFiles files;
+    ASSERT_EQ(files.read("a.c", "int a(void) { return 1; }"), CFrontend::Result::Complete);
 
     std::string minus = "int b; int c = ";
     for (int i = 0; i < 1000000; ++i)
         minus += "- ";
-    EXPECT_EQ(frontend.read(folder.write("b.c", minus + "b;"), program), CFrontend::Result::Unreadable);
-    EXPECT_EQ(messagesOf(program, folder.pathOf("")),
+    EXPECT_EQ(files.read("b.c", minus + "b;"), CFrontend::Result::Unreadable);
+    EXPECT_EQ(files.messages(),
               "b.c: error: the reader of C gave up on this file: it is nested too deeply or made Clang fail\n");
 
-    EXPECT_EQ(frontend.read(folder.write("c.c", "int a(void); int c(void) { return a(); }"), program),
-              CFrontend::Result::Complete);
-    ASSERT_EQ(program.getChildCount(), 2u);
-    EXPECT_EQ(treeText(*program.getTranslationUnit(0)->getChild(0)), "function a fn()->int\n"
-                                                                     "block\n"
-                                                                     "  return 1\n");
+    EXPECT_EQ(files.read("c.c", "int a(void); int c(void) { return a(); }"), CFrontend::Result::Complete);
+    ASSERT_EQ(files.program.getChildCount(), 2u);
+    EXPECT_EQ(treeText(*files.program.getTranslationUnit(0)->getChild(0)), "function a fn()->int\n"
+                                                                           "block\n"
+                                                                           "  return 1\n");
 }
 
 } // namespace Kova::Frontends

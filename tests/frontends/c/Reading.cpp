@@ -30,9 +30,14 @@ std::string SourceFolder::write(const std::string& name, const std::string& text
     return path.string();
 }
 
-Reading::Reading(const std::string& text, Frontends::COptions options)
-    : path(folder.write("a.c", text)),
-      result(Frontends::CFrontend(std::move(options)).read(path, program)) {}
+Reading::Reading(const std::string& text, const Headers& headers, Frontends::COptions options)
+    : path(folder.write("a.c", text)) {
+    for (const auto& [name, header] : headers)
+        folder.write(name, header);
+    for (std::string& directory : options.includeDirectories)
+        directory = folder.pathOf(directory);
+    result = Frontends::CFrontend(std::move(options)).read(path, program);
+}
 
 std::string Reading::tree() const {
     std::string text;
@@ -56,6 +61,19 @@ std::string Reading::body() const {
 }
 
 std::string Reading::messages() const {
+    return messagesOf(program, folder.pathOf(""));
+}
+
+Frontends::CFrontend::Result ReadFiles::read(const std::string& name, const std::string& text) {
+    folder.write(name, text);
+    return read(name);
+}
+
+Frontends::CFrontend::Result ReadFiles::read(const std::string& name) {
+    return Frontends::CFrontend({}).read(folder.pathOf(name), program);
+}
+
+std::string ReadFiles::messages() const {
     return messagesOf(program, folder.pathOf(""));
 }
 

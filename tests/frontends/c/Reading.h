@@ -5,7 +5,9 @@
 #include "frontends/c/CFrontend.h"
 
 #include <filesystem>
+#include <map>
 #include <string>
+#include <utility>
 
 namespace Kova::Test {
 
@@ -25,9 +27,15 @@ private:
     std::filesystem::path m_path;
 };
 
+/// Headers of the user by their names, with folders on the way.
+using Headers = std::map<std::string, std::string>;
+
 /// A program read from one piece of C text.
 struct Reading {
-    explicit Reading(const std::string& text, Frontends::COptions options = {});
+    explicit Reading(const std::string& text, Frontends::COptions options = {})
+        : Reading(text, Headers(), std::move(options)) {}
+    /// The headers stand beside the text. @param options with include directories below that folder.
+    Reading(const std::string& text, const Headers& headers, Frontends::COptions options = {});
 
     /// The unit's declarations as text, see treeText; empty without a unit.
     [[nodiscard]] std::string tree() const;
@@ -41,6 +49,19 @@ struct Reading {
     std::string path;
     Tessel::ProgramUnit program;
     Frontends::CFrontend::Result result;
+};
+
+/// Files that are read one after the other into one program.
+struct ReadFiles {
+    /// Writes the file before.
+    Frontends::CFrontend::Result read(const std::string& name, const std::string& text);
+    /// Reads what is there.
+    Frontends::CFrontend::Result read(const std::string& name);
+    /// The diagnostics as Reading gives them.
+    [[nodiscard]] std::string messages() const;
+
+    SourceFolder folder;
+    Tessel::ProgramUnit program;
 };
 
 /// The body of `void f(void) { ... }` around the statements, after the declarations.

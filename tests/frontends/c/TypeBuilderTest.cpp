@@ -81,13 +81,11 @@ TEST(TypeBuilderTest, rareTypesKeepTheirText) {
 }
 
 TEST(TypeBuilderTest, equalTypesAreOneObjectAcrossFiles) {
-    const SourceFolder folder;
-    Tessel::ProgramUnit program;
-    const CFrontend frontend({});
-    ASSERT_EQ(frontend.read(folder.write("a.c", "int* a[3];"), program), CFrontend::Result::Complete);
-    ASSERT_EQ(frontend.read(folder.write("b.c", "int* b[3];"), program), CFrontend::Result::Complete);
-    const auto type = [&program](std::size_t unit) {
-        return static_cast<const Tessel::VariableDeclaration&>(*program.getTranslationUnit(unit)->getChild(0))
+    ReadFiles files;
+    ASSERT_EQ(files.read("a.c", "int* a[3];"), CFrontend::Result::Complete);
+    ASSERT_EQ(files.read("b.c", "int* b[3];"), CFrontend::Result::Complete);
+    const auto type = [&files](std::size_t unit) {
+        return static_cast<const Tessel::VariableDeclaration&>(*files.program.getTranslationUnit(unit)->getChild(0))
             .getType();
     };
     EXPECT_EQ(type(0), type(1));
