@@ -40,6 +40,19 @@ BasicType::Category categoryOf(const clang::BuiltinType& type) {
     return type.isUnsignedInteger() ? BasicType::Category::UnsignedInteger : BasicType::Category::SignedInteger;
 }
 
+/// The structure, union or enumeration that a type points to, is an array of, or is; null for any other type.
+const clang::TagDecl* tagBehind(const clang::Type& type) {
+    const clang::Type* inner = &type;
+    while (true) {
+        if (const auto* pointer = inner->getAs<clang::PointerType>())
+            inner = pointer->getPointeeType().getTypePtr();
+        else if (const clang::ArrayType* array = inner->getAsArrayTypeUnsafe())
+            inner = array->getElementType().getTypePtr();
+        else
+            return inner->getAsTagDecl();
+    }
+}
+
 } // namespace
 
 const Type* TypeBuilder::buildInto(clang::QualType type, Bounds* bounds) {
@@ -109,12 +122,14 @@ const Type* TypeBuilder::makeFunction(const clang::FunctionType& type) {
     return m_context.program.getTypes().function(buildInto(type.getReturnType(), nullptr), std::move(parameters), kind);
 }
 
-/// The source's text of a `typeof` that stands for a structure or the like without a name: to write that type out again
-/// would declare another one. Empty for any other type.
+/// The source's text of a `typeof` that is made from a structure or the like without a name, and `__auto_type` for a
+/// type that is deduced to be: to write such a type out again would declare another one. Empty for any other type.
 std::string TypeBuilder::unnamedTypeOf(const clang::Type& type) const {
-    const clang::TagDecl* tag = type.getAsTagDecl();
+    const clang::TagDecl* tag = tagBehind(type);
     if (tag == nullptr || tag->getIdentifier() != nullptr || tag->getTypedefNameForAnonDecl() != nullptr)
         return {};
+    if (llvm::isa<clang::AutoType>(type))
+        return "__auto_type";
     const auto* ofExpression = llvm::dyn_cast<clang::TypeOfExprType>(&type);
     return ofExpression != nullptr
                ? "__typeof__(" + m_context.keeper.textOf(*ofExpression->getUnderlyingExpr()->IgnoreParens()) + ')'

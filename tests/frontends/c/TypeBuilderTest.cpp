@@ -75,6 +75,23 @@ TEST(TypeBuilderTest, namesStayNames) {
     EXPECT_EQ(typeOf("typedef int v4 __attribute__((vector_size(16))); v4 a;"), "v4");
 }
 
+TEST(TypeBuilderTest, typesWithoutANameAreNotDeclaredAgain) {
+    EXPECT_EQ(typeOf("struct { int x; } b; __typeof__(b) a;"), "`__typeof__(b)`");
+    EXPECT_EQ(typeOf("struct { int x; } b; const __typeof__((&b)) a[2];"), "array[2](const `__typeof__(&b)`)");
+    EXPECT_EQ(typeOf("struct { int x; } b[2]; __typeof__(b) *a;"), "ptr(`__typeof__(b)`)");
+    EXPECT_EQ(typeOf("typedef struct { int x; } t; t b; __typeof__(b) a;"), "t");
+    EXPECT_EQ(bodyOf("__auto_type c = b; const __auto_type d = &b; __auto_type e = 1; __auto_type g = &n;",
+                     "struct { int x; } b; struct named { int x; } n;"),
+              "declare\n"
+              "  variable c `__auto_type` = b\n"
+              "declare\n"
+              "  variable d const `__auto_type` = (& b)\n"
+              "declare\n"
+              "  variable e int = 1\n"
+              "declare\n"
+              "  variable g ptr(struct named) = (& n)\n");
+}
+
 TEST(TypeBuilderTest, rareTypesKeepTheirText) {
     EXPECT_EQ(typeOf("__attribute__((vector_size(16))) int a;"),
               "`__attribute__((__vector_size__(4 * sizeof(int)))) int`");
