@@ -147,6 +147,8 @@ void CStatementPieces::visit(CaseStatement& node) {
 void CStatementPieces::visit(LabelStatement& node) {
     name(node.getName());
     text(":");
+    if (!node.getAttributes().empty())
+        text(' ' + node.getAttributes());
 }
 
 void CStatementPieces::visit(GotoStatement& node) {

@@ -9,6 +9,7 @@
 #include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
+#include "environment/tessel/types/FunctionType.h"
 
 #include <cstddef>
 #include <cstring>
@@ -91,6 +92,16 @@ std::string withBlankBehind(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1) + ' ';
 }
 
+/// Between the head and the body of an old definition an attribute before the type would be the function's.
+bool isOldStyleParameter(const DeclarationBase& declaration) {
+    const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration);
+    const auto* subroutine = dynamic_cast<const SubroutineDeclaration*>(declaration.getParent());
+    if (variable == nullptr || !variable->isParameter() || subroutine == nullptr || !subroutine->hasImplementation())
+        return false;
+    const auto* type = dynamic_cast<const FunctionType*>(subroutine->getType());
+    return type != nullptr && type->getParametersKind() == FunctionType::Parameters::Unspecified;
+}
+
 } // namespace
 
 const Type* typeOf(const DeclarationBase& declaration) {
@@ -105,7 +116,7 @@ const Type* typeOf(const DeclarationBase& declaration) {
 
 std::string wordsBefore(const DeclarationBase& declaration) {
     std::string words;
-    if (!declaration.getAttributes().empty()) {
+    if (!declaration.getAttributes().empty() && !isOldStyleParameter(declaration)) {
         const Attributes attributes = cutAtAssemblerName(declaration.getAttributes());
         words = withBlankBehind(attributes.before) + withBlankBehind(attributes.behind);
     }
@@ -121,6 +132,8 @@ std::string wordsBefore(const DeclarationBase& declaration) {
 std::string wordsBehind(const DeclarationBase& declaration) {
     if (declaration.getAttributes().empty())
         return {};
+    if (isOldStyleParameter(declaration))
+        return ' ' + declaration.getAttributes();
     const std::string name = cutAtAssemblerName(declaration.getAttributes()).assemblerName;
     return name.empty() ? name : ' ' + name;
 }

@@ -17,7 +17,8 @@ namespace Kova::Backends::DeclarationHead {
 /// functions alike, and storage class.
 [[nodiscard]] std::string wordsBefore(const Tessel::DeclarationBase& declaration);
 
-/// What GNU C takes behind the declared name only, with a blank before it: `asm ("name")`.
+/// What GNU C takes behind the declared name only, with a blank before it: `asm ("name")`, and the attributes of a
+/// parameter that an old definition declares between its head and its body.
 [[nodiscard]] std::string wordsBehind(const Tessel::DeclarationBase& declaration);
 
 /// Neighbours that differ in their declarators only can share what stands before these.

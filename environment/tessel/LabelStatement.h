@@ -16,8 +16,13 @@ public:
 
     [[nodiscard]] const std::string& getName() const { return m_name; }
 
+    /// Attributes as the source wrote them, such as `__attribute__((unused))`; empty without any.
+    [[nodiscard]] const std::string& getAttributes() const { return m_attributes; }
+    void setAttributes(std::string attributes) { m_attributes = std::move(attributes); }
+
 private:
     std::string m_name;
+    std::string m_attributes;
 };
 
 } // namespace Kova::Tessel

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "frontends/c/AttributeTexts_p.h"
 #include "frontends/c/ClangSession_p.h"
 #include "frontends/c/DiagnosticCollector_p.h"
 #include "frontends/c/DirectiveRecorder_p.h"
@@ -82,9 +83,11 @@ protected:
         m_macros.emplace(preprocessor, *m_system);
         preprocessor.addPPCallbacks(recordSystemIncludes(preprocessor, *m_system, *m_unit));
         preprocessor.addPPCallbacks(recordDirectives(preprocessor, *m_system, *m_macros, m_directives));
+        m_attributes.emplace(*m_system);
+        m_attributes->watch(preprocessor);
         preprocessor.addCommentHandler(&m_fallThrough);
-        return std::make_unique<BuildingConsumer>(ParsedText{*m_system, *m_macros, m_fallThrough, m_directives},
-                                                  m_program, *m_unit, m_result);
+        return std::make_unique<BuildingConsumer>(
+            ParsedText{*m_system, *m_macros, *m_attributes, m_fallThrough, m_directives}, m_program, *m_unit, m_result);
     }
 
     /// As ASTFrontendAction's, without its note of where the stack begins: Clang would take the stack for a common one
@@ -104,6 +107,7 @@ private:
     Directives m_directives;
     std::optional<SystemHeaders> m_system;
     std::optional<ProgramMacros> m_macros;
+    std::optional<AttributeTexts> m_attributes;
 };
 
 std::shared_ptr<clang::CompilerInvocation> makeInvocation(const std::vector<std::string>& line,

@@ -14,34 +14,12 @@
 #include <clang/AST/Attr.h>
 #include <clang/AST/Decl.h>
 #include <clang/AST/DeclCXX.h>
-#include <llvm/Support/raw_ostream.h>
 
 namespace Kova::Frontends {
 
 using namespace Tessel;
 
 namespace {
-
-/// What the node of a function says itself.
-bool isNoReturn(const clang::Attr& attribute) {
-    return llvm::isa<clang::C11NoReturnAttr, clang::CXX11NoReturnAttr>(attribute);
-}
-
-/// The attributes that the source gives this declaration, without those that Clang adds or passes on.
-std::string attributesOf(const clang::Decl& declaration, const clang::PrintingPolicy& policy) {
-    std::string all;
-    for (const clang::Attr* attribute : declaration.attrs()) {
-        if (attribute->isImplicit() || attribute->isInherited() || isNoReturn(*attribute))
-            continue;
-        std::string text;
-        llvm::raw_string_ostream stream(text);
-        attribute->printPretty(stream, policy);
-        stream.flush();
-        const llvm::StringRef word = llvm::StringRef(text).trim();
-        all += (all.empty() || word.empty() ? "" : " ") + word.str();
-    }
-    return all;
-}
 
 StorageClass withoutThread(clang::StorageClass storage) {
     switch (storage) {
@@ -99,8 +77,7 @@ private:
     [[nodiscard]] std::unique_ptr<FieldDeclaration> makeField(const clang::FieldDecl& from);
     void describe(const clang::Decl& from, DeclarationBase& made) {
         made.setSourceRange(m_context.text.rangeOf(from.getSourceRange()));
-        if (from.hasAttrs())
-            made.setAttributes(attributesOf(from, m_context.clang.getPrintingPolicy()));
+        made.setAttributes(buildAttributes(m_context, from));
     }
 
     UnitContext& m_context;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "frontends/c/AttributeTexts_p.h"
 #include "frontends/c/DiagnosticCollector_p.h"
 
 #include <clang/Basic/SourceManager.h>
@@ -37,11 +38,13 @@ void locate(const clang::Diagnostic& info, Diagnostic& diagnostic) {
 } // namespace
 
 void DiagnosticCollector::HandleDiagnostic(clang::DiagnosticsEngine::Level level, const clang::Diagnostic& info) {
+    llvm::SmallString<128> text;
+    info.FormatDiagnostic(text);
+    if (AttributeTexts::isAboutNumber(text.str().str()))
+        return;
     clang::DiagnosticConsumer::HandleDiagnostic(level, info);
     if (level < clang::DiagnosticsEngine::Note || level == clang::DiagnosticsEngine::Remark)
         return;
-    llvm::SmallString<128> text;
-    info.FormatDiagnostic(text);
     Diagnostic diagnostic;
     diagnostic.level = levelOf(level);
     diagnostic.file = m_path;

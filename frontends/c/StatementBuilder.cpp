@@ -101,6 +101,7 @@ private:
     /// One statement without labels before it.
     [[nodiscard]] StatementPtr buildPlain(const clang::Stmt& statement);
     void append(BlockStatement& block, const clang::Stmt& statement);
+    void appendAttributed(BlockStatement& block, const clang::AttributedStmt& statement);
     /// The directives before a place that no statement has yet.
     [[nodiscard]] std::vector<StatementPtr> takeDirectives(clang::SourceLocation end);
     void appendDirectives(BlockStatement& block, clang::SourceLocation end);
@@ -133,6 +134,7 @@ const clang::Stmt* StatementVisitor::appendCase(BlockStatement& block, const cla
 
 const clang::Stmt* StatementVisitor::appendNamed(BlockStatement& block, const clang::LabelStmt& label) {
     auto made = std::make_unique<LabelStatement>(label.getName());
+    made->setAttributes(buildAttributes(m_context, *label.getDecl()));
     m_context.jumps.labels[label.getDecl()] = made.get();
     appendLabel(block, std::move(made), label.getIdentLoc());
     return label.getSubStmt();
@@ -158,10 +160,8 @@ const clang::Stmt& StatementVisitor::appendLabels(BlockStatement& block, const c
 void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statement) {
     appendDirectives(block, statement.getBeginLoc());
     const clang::Stmt* marked = &appendLabels(block, statement);
-    // An attribute alone, such as fallthrough, says something; before a statement it is a hint to the optimizer.
-    const auto* attributed = llvm::dyn_cast<clang::AttributedStmt>(marked);
-    if (attributed != nullptr && !llvm::isa<clang::NullStmt>(attributed->getSubStmt())) {
-        append(block, *attributed->getSubStmt());
+    if (const auto* attributed = llvm::dyn_cast<clang::AttributedStmt>(marked)) {
+        appendAttributed(block, *attributed);
         return;
     }
     appendDirectives(block, marked->getBeginLoc());
@@ -171,6 +171,20 @@ void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statemen
         block.append(std::move(directive));
     m_hoisted = std::move(around);
     block.append(std::move(made));
+}
+
+/// Attributes are a statement of their own, be it before the one that they speak of or instead of one.
+void StatementVisitor::appendAttributed(BlockStatement& block, const clang::AttributedStmt& statement) {
+    std::string attributes = buildAttributes(m_context, statement);
+    const bool isAlone = llvm::isa<clang::NullStmt>(statement.getSubStmt()) && !attributes.empty();
+    if (!attributes.empty()) {
+        auto hint = std::make_unique<OpaqueStatement>(attributes + (isAlone ? ";" : ""));
+        hint->setSourceRange(
+            m_context.text.rangeOf(isAlone ? statement.getSourceRange() : clang::SourceRange(statement.getAttrLoc())));
+        block.append(std::move(hint));
+    }
+    if (!isAlone)
+        append(block, *statement.getSubStmt());
 }
 
 std::vector<StatementPtr> StatementVisitor::takeDirectives(clang::SourceLocation end) {

@@ -12,6 +12,7 @@ class TranslationUnit;
 
 namespace Kova::Frontends {
 
+class AttributeTexts;
 class Directives;
 class FallThroughComments;
 class ProgramMacros;
@@ -21,6 +22,7 @@ class SystemHeaders;
 struct ParsedText {
     const SystemHeaders& system;
     const ProgramMacros& macros;
+    const AttributeTexts& attributes;
     const FallThroughComments& fallThrough;
     /// Handed out while the tree is built.
     Directives& directives;

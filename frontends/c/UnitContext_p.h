@@ -36,6 +36,7 @@ struct UnitContext {
           program(ofProgram),
           unit(ofUnit),
           system(parsed.system),
+          attributes(parsed.attributes),
           fallThrough(parsed.fallThrough),
           directives(parsed.directives),
           text(context, ofProgram),
@@ -47,6 +48,7 @@ struct UnitContext {
     Tessel::ProgramUnit& program;
     Tessel::TranslationUnit& unit;
     const SystemHeaders& system;
+    const AttributeTexts& attributes;
     const FallThroughComments& fallThrough;
     Directives& directives;
     SourcePlaces text;
@@ -77,6 +79,11 @@ struct UnitContext {
 /// The declaration for its place in the program, with all that belongs to it. Null for what declares nothing, such as
 /// a lone semicolon.
 [[nodiscard]] Tessel::DeclarationPtr buildDeclaration(UnitContext& context, const clang::Decl& declaration);
+
+/// The attributes that the source gives a declaration or statement, without those that Clang adds or passes on and
+/// those that a type or a directive says. Empty without any.
+[[nodiscard]] std::string buildAttributes(const UnitContext& context, const clang::Decl& declaration);
+[[nodiscard]] std::string buildAttributes(const UnitContext& context, const clang::AttributedStmt& statement);
 
 /// Directives among declarations.
 [[nodiscard]] std::vector<Tessel::DeclarationPtr> buildDirectives(UnitContext& context,

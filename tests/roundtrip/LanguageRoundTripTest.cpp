@@ -113,6 +113,27 @@ TEST(LanguageRoundTripTest, directives) {
         use));
 }
 
+TEST(LanguageRoundTripTest, attributes) {
+    EXPECT_TRUE(textSurvivesRoundTrip(program(
+        "#define PRINTF(f, a) __attribute__((format(gnu_printf, f, a)))\n"
+        "static void note(const char *f, ...) PRINTF(1, 2);\nstatic void note(const char *f, ...) { puts(f); }\n"
+        "static int twice(int x) __attribute__((noinline, noclone, optimize(\"O1\"), const, warn_unused_result));\n"
+        "static int twice(int x) { return 2 * x; }\nint late(int x, ...) __attribute__((sentinel, deprecated));\n"
+        "struct __attribute__((packed)) s { char c; int i; short h __attribute__((aligned(8))); };\n"
+        "typedef struct { char c; } __attribute__((aligned(32))) wide;\nenum __attribute__((packed)) e { one, two };\n"
+        "typedef int quad __attribute__((vector_size(16), aligned(16)));\nstatic int (*end)(int) "
+        "__attribute__((unused));\n"
+        "static void leave(int *p) { printf(\"%d left\\n\", *p); }\n"
+        "static int old(a, b) int a; int b __attribute__((unused)); { return a; }\n"
+        "static int hidden __attribute__((section(\".data.own\"), used)) = 3;\n_Alignas(64) static char block[2];",
+        "int x __attribute__((cleanup(leave))) = twice(4); quad q = { 1, 2, 3, 4 }; int unused "
+        "__attribute__((unused));\n"
+        "printf(\"%d %d %d %d %d\\n\", (int) sizeof(struct s), (int) sizeof(wide), (int) sizeof(enum e), "
+        "(int) _Alignof(quad), (q + q)[3]);\nnote(\"n\"); printf(\"%d\\n\", old(hidden, 2) + block[0]);\n"
+        "switch (x) { case 8: x++; __attribute__((fallthrough)); case 9: x++; break; "
+        "default: goto end; }\nend: __attribute__((unused));")));
+}
+
 TEST(LanguageRoundTripTest, oldPrograms) {
     EXPECT_TRUE(
         textSurvivesRoundTrip("#include <stdio.h>\nstatic g;\nint add(a, b) short a; float b; { return a + (int) b; }\n"

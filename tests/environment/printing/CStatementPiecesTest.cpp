@@ -82,6 +82,9 @@ TEST_F(CStatementPiecesTest, GivesALabelAStatementToMark) {
     EXPECT_EQ(print(make<LabelStatement>("again"), statement(a())), "({ again: a; })");
     EXPECT_EQ(print(make<LabelStatement>("end")), "({ end: ; })");
     EXPECT_EQ(print(make<LabelStatement>("here"), declareHere(variable("i", intType))), "({ here: ; int i; })");
+    auto rare = make<LabelStatement>("rare");
+    rare->setAttributes("__attribute__((cold))");
+    EXPECT_EQ(print(std::move(rare), statement(a())), "({ rare: __attribute__((cold)) a; })");
 }
 
 TEST_F(CStatementPiecesTest, WritesLoops) {

@@ -62,6 +62,21 @@ TEST_F(DeclarationHeadTest, PutsAttributesBeforeStorage) {
     EXPECT_EQ(before("  "), "static _Thread_local ");
 }
 
+TEST_F(DeclarationHeadTest, PutsAttributesOfOldStyleParametersBehind) {
+    SubroutineDeclaration old("f", types.function(intType, {}, FunctionType::Parameters::Unspecified));
+    auto owned = variable("p", intType);
+    VariableDeclaration& parameter = *owned;
+    parameter.setParameter(true);
+    parameter.setStorageClass(StorageClass::Register);
+    parameter.setAttributes("__attribute__((x))");
+    old.appendParameter(std::move(owned));
+    EXPECT_EQ(DeclarationHead::wordsBefore(parameter), "__attribute__((x)) register ");
+    EXPECT_EQ(DeclarationHead::wordsBehind(parameter), "");
+    old.setBody(block());
+    EXPECT_EQ(DeclarationHead::wordsBefore(parameter), "register ");
+    EXPECT_EQ(DeclarationHead::wordsBehind(parameter), " __attribute__((x))");
+}
+
 TEST_F(DeclarationHeadTest, SaysWhatASubroutineIs) {
     subroutine.setInline(true);
     subroutine.setNoReturn(true);
