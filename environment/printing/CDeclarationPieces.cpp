@@ -53,10 +53,13 @@ bool isOldStyleDefinition(const SubroutineDeclaration& subroutine, const Functio
 PieceList CDeclarationPieces::declaratorOf(DeclarationBase& declaration) const {
     PieceList name;
     name.name(declaration.getName(), declaration);
-    PieceList pieces =
-        CDeclarator::declaratorPieces(DeclarationHead::typeOf(declaration), std::move(name), declaration);
-    pieces.text(DeclarationHead::wordsBehind(declaration), declaration);
     const auto* variable = dynamic_cast<const VariableDeclaration*>(&declaration);
+    CDeclarator::Brackets brackets;
+    if (variable != nullptr)
+        brackets = {variable->getBracketWords(), variable->isLengthLeftOut()};
+    PieceList pieces =
+        CDeclarator::declaratorPieces(DeclarationHead::typeOf(declaration), std::move(name), declaration, brackets);
+    pieces.text(DeclarationHead::wordsBehind(declaration), declaration);
     const auto* field = dynamic_cast<const FieldDeclaration*>(&declaration);
     if (variable != nullptr && variable->getInitializer() != nullptr) {
         pieces.text(" = ", declaration);

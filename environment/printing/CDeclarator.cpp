@@ -75,16 +75,13 @@ public:
     }
 
     /// @param isElement true for the element of an array, which cannot leave its length out.
-    void add(const ArrayType& array, bool isElement) {
+    void add(const ArrayType& array, bool isElement, const Brackets& brackets) {
+        static const Brackets plain;
+        const Brackets* now = &brackets;
         for (const ArrayDimension& dimension : array.getDimensions()) {
-            const bool isKnown = dimension.kind == ArrayDimension::Extent::Constant;
-            const bool isLeftOut = dimension.kind == ArrayDimension::Extent::Unspecified;
-            m_right.text("[", m_owner);
-            m_right.text(isKnown ? std::to_string(dimension.extent) : isLeftOut && isElement ? "*" : "", m_owner);
-            if (!isKnown && !isLeftOut)
-                m_right.node(dimension.upperBound, Precedence::Assignment);
-            m_right.text("]", m_owner);
+            add(dimension, isElement, *now);
             isElement = true;
+            now = &plain;
         }
     }
 
@@ -114,6 +111,22 @@ public:
     }
 
 private:
+    void add(const ArrayDimension& dimension, bool isElement, const Brackets& brackets) {
+        const bool isKnown = dimension.kind == ArrayDimension::Extent::Constant;
+        const bool isOpen = dimension.kind == ArrayDimension::Extent::Unspecified;
+        const bool isLeftOut = brackets.leaveLengthOut || brackets.words == "*";
+        const std::string length = isKnown ? std::to_string(dimension.extent) : isOpen && isElement ? "*" : "";
+        m_right.text("[", m_owner);
+        m_right.text(brackets.words, m_owner);
+        if (!isLeftOut) {
+            m_right.text(brackets.words.empty() || isOpen ? "" : " ", m_owner);
+            m_right.text(length, m_owner);
+            if (!isKnown && !isOpen)
+                m_right.node(dimension.upperBound, Precedence::Assignment);
+        }
+        m_right.text("]", m_owner);
+    }
+
     std::vector<std::string> m_left; // nearest to the declared first
     PieceList m_declared;
     PieceList m_right;
@@ -170,14 +183,16 @@ PieceList specifierPieces(const Type* type, TesselBase& owner, const Tessel::Typ
     return out;
 }
 
-PieceList declaratorPieces(const Type* type, PieceList declared, TesselBase& owner) {
+PieceList declaratorPieces(const Type* type, PieceList declared, TesselBase& owner, const Brackets& brackets) {
+    static const Brackets plain;
+    const Type* const outermost = type;
     Derivations derivations(std::move(declared), owner);
     const ArrayType* around = nullptr;
     unsigned ofArrays = 0;
     for (; type != nullptr && isDerived(*type); type = derivedFrom(*type)) {
         const auto* array = dynamic_cast<const ArrayType*>(type);
         if (array != nullptr)
-            derivations.add(*array, around != nullptr);
+            derivations.add(*array, around != nullptr, type == outermost ? brackets : plain);
         else if (type->getKind() == Type::Kind::Pointer)
             derivations.add(static_cast<const PointerType&>(*type), ofArrays | type->getQualifiers());
         else
@@ -196,9 +211,9 @@ void joinSpecifier(PieceList& specifier, PieceList&& declarator, TesselBase& own
     specifier.append(std::move(declarator));
 }
 
-PieceList declarationPieces(const Type* type, PieceList declared, TesselBase& owner) {
+PieceList declarationPieces(const Type* type, PieceList declared, TesselBase& owner, const Brackets& brackets) {
     PieceList out = specifierPieces(type, owner);
-    joinSpecifier(out, declaratorPieces(type, std::move(declared), owner), owner);
+    joinSpecifier(out, declaratorPieces(type, std::move(declared), owner, brackets), owner);
     return out;
 }
 

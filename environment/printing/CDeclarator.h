@@ -25,6 +25,14 @@ struct Specifier {
 
 [[nodiscard]] Specifier specifierOf(const Tessel::Type* type);
 
+/// What the first brackets of an array hold besides what its type says.
+struct Brackets {
+    /// `static const`, or `*`, which leaves no place for a length; empty for nothing.
+    std::string words;
+    /// The length is not written, be it known or not.
+    bool leaveLengthOut = false;
+};
+
 /// The structure, union, enumeration or typedef that a type is made from; null when it is made from another type.
 [[nodiscard]] const Tessel::TypeDeclaration* declarationBehind(const Tessel::Type* type);
 
@@ -36,10 +44,13 @@ struct Specifier {
 
 /// What a type puts around the declared: `(*` and `)[10]` for a pointer to an array.
 /// @param declared a name with what belongs to it, such as a function's parameters; empty where nothing is declared.
-[[nodiscard]] PieceList declaratorPieces(const Tessel::Type* type, PieceList declared, Tessel::TesselBase& owner);
+/// @param brackets of a type that is an array; other types have none.
+[[nodiscard]] PieceList declaratorPieces(const Tessel::Type* type, PieceList declared, Tessel::TesselBase& owner,
+                                         const Brackets& brackets = {});
 
 /// Specifier and declarator: `int (*name)[10]`, `int (*)[10]`, `int[10]`.
-[[nodiscard]] PieceList declarationPieces(const Tessel::Type* type, PieceList declared, Tessel::TesselBase& owner);
+[[nodiscard]] PieceList declarationPieces(const Tessel::Type* type, PieceList declared, Tessel::TesselBase& owner,
+                                          const Brackets& brackets = {});
 
 /// Puts the blank between a specifier and what follows it, unless that is nothing or begins with a bracket.
 void joinSpecifier(PieceList& specifier, PieceList&& declarator, Tessel::TesselBase& owner);

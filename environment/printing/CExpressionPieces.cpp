@@ -321,7 +321,10 @@ void CExpressionPieces::visit(DesignatedInitializerExpression& node) {
 void CExpressionPieces::visit(CompoundLiteralExpression& node) {
     setPrecedence(Precedence::Postfix);
     text("(");
-    type(node.getType());
+    if (node.isLengthLeftOut())
+        out().append(CDeclarator::declarationPieces(node.getType(), {}, node, {{}, true}));
+    else
+        type(node.getType());
     text(") ");
     child(node.getInitializer());
 }

@@ -15,6 +15,13 @@ public:
     }
 
     [[nodiscard]] ExpressionBase* getInitializer() const { return childAs<ExpressionBase>(0); }
+
+    /// True for an array whose first brackets are empty in the source: `(int[]) { 1, 2 }`.
+    [[nodiscard]] bool isLengthLeftOut() const { return m_lengthLeftOut; }
+    void setLengthLeftOut(bool leftOut) { m_lengthLeftOut = leftOut; }
+
+private:
+    bool m_lengthLeftOut = false;
 };
 
 } // namespace Kova::Tessel

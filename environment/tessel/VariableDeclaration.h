@@ -30,10 +30,21 @@ public:
     [[nodiscard]] bool isParameter() const { return m_parameter; }
     void setParameter(bool parameter) { m_parameter = parameter; }
 
+    /// What C writes between the first brackets of a parameter besides its length, such as `static const`, or instead of
+    /// it (`*`); empty for nothing.
+    [[nodiscard]] const std::string& getBracketWords() const { return m_bracketWords; }
+    void setBracketWords(std::string words) { m_bracketWords = std::move(words); }
+    /// True for an array whose first brackets are empty in the source although its type knows the length, as of
+    /// `int a[] = { 1, 2 };`.
+    [[nodiscard]] bool isLengthLeftOut() const { return m_lengthLeftOut; }
+    void setLengthLeftOut(bool leftOut) { m_lengthLeftOut = leftOut; }
+
 private:
     const Type* m_type;
     StorageClass m_storage = StorageClass::None;
     bool m_parameter = false;
+    bool m_lengthLeftOut = false;
+    std::string m_bracketWords;
 };
 
 } // namespace Kova::Tessel

@@ -47,12 +47,23 @@ StorageClass storageOf(const clang::VarDecl& variable) {
     return storage == StorageClass::Extern ? StorageClass::ExternThreadLocal : StorageClass::ThreadLocal;
 }
 
-/// An array parameter keeps the dimensions that the source gives it, though it is a pointer where it is used. With
-/// qualifiers between the brackets it is the pointer: a type of arrays has no place for them.
-clang::QualType writtenTypeOf(const clang::ParmVarDecl& parameter) {
-    const clang::QualType written = parameter.getOriginalType();
-    const auto* array = llvm::dyn_cast<clang::ArrayType>(written.IgnoreParens().getTypePtr());
-    return array != nullptr && array->getIndexTypeCVRQualifiers() != 0 ? parameter.getType() : written;
+std::string bracketWordsOf(const clang::ParmVarDecl& parameter) {
+    const auto* array = llvm::dyn_cast<clang::ArrayType>(parameter.getOriginalType().IgnoreParens().getTypePtr());
+    if (array == nullptr)
+        return {};
+    if (array->getSizeModifier() == clang::ArraySizeModifier::Star)
+        return "*";
+    const clang::Qualifiers qualifiers = array->getIndexTypeQualifiers();
+    std::string words;
+    const auto add = [&words](bool isSaid, const char* word) {
+        if (isSaid)
+            words += (words.empty() ? "" : " ") + std::string(word);
+    };
+    add(array->getSizeModifier() == clang::ArraySizeModifier::Static, "static");
+    add(qualifiers.hasConst(), "const");
+    add(qualifiers.hasVolatile(), "volatile");
+    add(qualifiers.hasRestrict(), "restrict");
+    return words;
 }
 
 void addAttributes(DeclarationBase& declaration, const std::string& attributes) {
@@ -119,8 +130,14 @@ void Completion::complete(const clang::VarDecl& from, VariableDeclaration& varia
     variable.setStorageClass(storageOf(from));
     const auto* parameter = llvm::dyn_cast<clang::ParmVarDecl>(&from);
     variable.setParameter(parameter != nullptr);
+    if (parameter != nullptr)
+        variable.setBracketWords(bracketWordsOf(*parameter));
+    else
+        variable.setLengthLeftOut(leavesLengthOut(from.getTypeSourceInfo(), from.getType()));
     std::vector<ExpressionPtr> bounds;
-    variable.setType(m_context.types.build(parameter != nullptr ? writtenTypeOf(*parameter) : from.getType(), bounds));
+    // An array parameter keeps its dimensions, though it is a pointer where it is used.
+    variable.setType(
+        m_context.types.build(parameter != nullptr ? parameter->getOriginalType() : from.getType(), bounds));
     for (ExpressionPtr& bound : bounds)
         variable.appendBound(std::move(bound));
     if (!variable.isExternal())

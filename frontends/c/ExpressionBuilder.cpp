@@ -68,8 +68,10 @@ public:
         return std::make_unique<SubscriptExpression>(build(element->getLHS()), build(element->getRHS()));
     }
     ExpressionPtr VisitCompoundLiteralExpr(const clang::CompoundLiteralExpr* literal) {
-        return std::make_unique<CompoundLiteralExpression>(m_context.types.build(literal->getType()),
-                                                           build(literal->getInitializer()));
+        auto result = std::make_unique<CompoundLiteralExpression>(m_context.types.build(literal->getType()),
+                                                                  build(literal->getInitializer()));
+        result->setLengthLeftOut(leavesLengthOut(literal->getTypeSourceInfo(), literal->getType()));
+        return result;
     }
     ExpressionPtr VisitStmtExpr(const clang::StmtExpr* block) {
         return std::make_unique<StatementExpression>(buildInnerBlock(m_context, *block->getSubStmt()));

@@ -55,6 +55,11 @@ const clang::TagDecl* tagBehind(const clang::Type& type) {
 
 } // namespace
 
+bool leavesLengthOut(const clang::TypeSourceInfo* written, clang::QualType known) {
+    return written != nullptr && known->isConstantArrayType() &&
+           llvm::isa<clang::IncompleteArrayType>(written->getType().IgnoreParens().getTypePtr());
+}
+
 const Type* TypeBuilder::buildInto(clang::QualType type, Bounds* bounds) {
     if (type.isNull())
         return nullptr;

@@ -16,6 +16,9 @@ namespace Kova::Frontends {
 
 struct UnitContext;
 
+/// True where the source gives an array no length, but Clang knows it from the initializer or another declaration.
+[[nodiscard]] bool leavesLengthOut(const clang::TypeSourceInfo* written, clang::QualType known);
+
 /// Turns Clang's types into the program's, typedefs kept, each of them once.
 class TypeBuilder {
 public:

@@ -88,6 +88,11 @@ TEST(LanguageRoundTripTest, packedStructures) {
 }
 
 TEST(LanguageRoundTripTest, parametersWithWordsBetweenTheirBrackets) {
+    const std::string head =
+        "void f(int n, int a[static 3], int b[const 5], int c[restrict static n], int d[n][n], int e[])";
+    const std::string text = printed(head + ";\nvoid g(int [*], int n, int [n][*]);\n");
+    EXPECT_EQ(text, "void f(int n, int a[static 3], int b[const 5], int c[static restrict n], int d[n][n], int e[]);\n"
+                    "void g(int[*], int n, int[n][*]);\n");
     EXPECT_TRUE(textSurvivesRoundTrip(
         program("static void copy(int n, int to[const restrict static 2], const int from[restrict n], int m[n][n],\n"
                 "int (*f)(int k, int v[k][k]))\n{ for (int i = 0; i < n; i++) to[i] = from[i] + f(n, m); }\n"
@@ -132,6 +137,20 @@ TEST(LanguageRoundTripTest, attributes) {
         "(int) _Alignof(quad), (q + q)[3]);\nnote(\"n\"); printf(\"%d\\n\", old(hidden, 2) + block[0]);\n"
         "switch (x) { case 8: x++; __attribute__((fallthrough)); case 9: x++; break; "
         "default: goto end; }\nend: __attribute__((unused));")));
+}
+
+TEST(LanguageRoundTripTest, arraysWithoutALength) {
+    const std::string text =
+        "int a[] = { 1, 2 };\nint b[][3] = { { 1 }, { 2, 3 } };\nchar c[] = \"ab\";\nextern int d[];\nint e[];\n"
+        "const int *p = (const int[]) { 1, 2 };\n";
+    EXPECT_EQ(printed(text), text);
+    EXPECT_TRUE(textSurvivesRoundTrip(program(
+        "static int a[] = { 1, 2, [4] = 3 }, b[][3] = { { 1 }, { 2, 3 } }; static char c[] = \"ab\" \"c\", d[] = { "
+        "\"xy\" };\n"
+        "static const char *const names[] = { \"one\", \"two\" }; extern int late[]; int late[2] = { 4, 5 };",
+        "const short s[] = { 7, 8 }; printf(\"%d %d %d %d %d %d\\n\", (int) sizeof a, (int) sizeof b, (int) sizeof c, "
+        "(int) sizeof d, (int) sizeof s, (int) sizeof (int[]) { 1, 2, 3 });\n"
+        "printf(\"%s %d %d\\n\", names[1], late[1], (int[][2]) { { 1, 2 }, { 3, 4 } }[1][0]);")));
 }
 
 TEST(LanguageRoundTripTest, oldPrograms) {

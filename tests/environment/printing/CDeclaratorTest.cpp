@@ -53,6 +53,28 @@ TEST_F(CDeclaratorTest, NamesDeclaredTypes) {
     EXPECT_EQ(declared(types.declared(alias)), "size_t name");
 }
 
+TEST_F(CDeclaratorTest, WritesTheFirstBracketsAsTheSourceDoes) {
+    const auto bracketed = [](const Type* type, const std::string& words, bool isLeftOut = false) {
+        VariableDeclaration variable("name", type);
+        variable.setBracketWords(words);
+        variable.setLengthLeftOut(isLeftOut);
+        return print(variable);
+    };
+    const ExpressionPtr length = a();
+    const Type* row = arrayOf(intType, 3);
+    EXPECT_EQ(bracketed(row, "static"), "int name[static 3]");
+    EXPECT_EQ(bracketed(arrayOf(intType, *length), "static const"), "int name[static const a]");
+    EXPECT_EQ(bracketed(arrayOf(intType, 0), "restrict"), "int name[restrict]");
+    EXPECT_EQ(bracketed(arrayOf(intType, 0), "*"), "int name[*]");
+    EXPECT_EQ(bracketed(row, "", true), "int name[]");
+    EXPECT_EQ(bracketed(arrayOf(row, 2), "const"), "int name[const 2][3]");
+    EXPECT_EQ(bracketed(arrayOf(row, 2), "", true), "int name[][3]");
+    // The brackets of what a type is made from are not those of the declared.
+    EXPECT_EQ(bracketed(types.pointer(row), "static", true), "int (*name)[3]");
+    EXPECT_EQ(bracketed(arrayOf(types.pointer(row), 2), "", true), "int (*name[])[3]");
+    EXPECT_EQ(bracketed(intType, "static", true), "int name");
+}
+
 TEST_F(CDeclaratorTest, WritesPointers) {
     EXPECT_EQ(declared(types.pointer(intType)), "int *name");
     EXPECT_EQ(abstract(types.pointer(intType)), "int *");

@@ -211,6 +211,14 @@ TEST_F(OutToCTest, Initializes) {
     EXPECT_EQ(print(std::move(list)), "{ 1, (a, b), { a = b }, .x[2][3 ... a + 4].y = (a, b) }");
 }
 
+TEST_F(OutToCTest, LeavesOutTheLengthOfACompoundLiteral) {
+    auto list = std::make_unique<InitializerListExpression>();
+    list->append(a());
+    auto literal = std::make_unique<CompoundLiteralExpression>(arrayOf(arrayOf(intType, 2), 1), std::move(list));
+    literal->setLengthLeftOut(true);
+    EXPECT_EQ(print(std::move(literal)), "(int[][2]) { a }");
+}
+
 TEST_F(OutToCTest, WritesCompoundLiteralsAsPostfixExpressions) {
     const auto compound = [this] {
         auto list = std::make_unique<InitializerListExpression>();

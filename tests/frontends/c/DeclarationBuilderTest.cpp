@@ -38,6 +38,39 @@ TEST(DeclarationBuilderTest, variables) {
               "    register variable r int\n");
 }
 
+TEST(DeclarationBuilderTest, bracketsAreAsTheSourceWritesThem) {
+    EXPECT_EQ(
+        treeOf(
+            "int a[] = { 1, 2 }, b[2] = { 1, 2 }; char c[] = \"ab\"; int d[][3] = { { 1 } }; extern int e[]; int f[];\n"
+            "extern int g[]; int g[4]; typedef int open[]; open h = { 1 };"),
+        "variable a array[2](int) [] = (init 1 2)\n"
+        "variable b array[2](int) = (init 1 2)\n"
+        "variable c array[3](char) [] = \"ab\"\n"
+        "variable d array[1](array[3](int)) [] = (init (init 1))\n"
+        "extern variable e array[](int)\n"
+        "variable f array[1](int) []\n"
+        "extern variable g array[](int)\n"
+        "variable g array[4](int)\n"
+        "typedef open array[](int)\n"
+        "variable h array[1](int) = (init 1)\n");
+    EXPECT_EQ(
+        treeOf(
+            "void f(int n, int a[static 5], int b[const 5], int c[*], int d[restrict static n], int e[], int g[n][n],\n"
+            "int h[static volatile const 2][3], int i[const], int j[n][*]);"),
+        "function f fn(int,ptr(int),const ptr(int),ptr(int),restrict ptr(int),ptr(int),ptr(array[n](int)),"
+        "const volatile ptr(array[3](int)),const ptr(int),ptr(array[](int)))->void\n"
+        "  parameter n int\n"
+        "  parameter a array[5](int) [static]\n"
+        "  parameter b array[5](int) [const]\n"
+        "  parameter c array[](int) [*]\n"
+        "  parameter d array[n](int) [static restrict]\n"
+        "  parameter e array[](int)\n"
+        "  parameter g array[n](array[n](int))\n"
+        "  parameter h array[2](array[3](int)) [static const volatile]\n"
+        "  parameter i array[](int) [const]\n"
+        "  parameter j array[n](array[](int))\n");
+}
+
 TEST(DeclarationBuilderTest, functions) {
     EXPECT_EQ(treeOf("static inline int f(int a, char* b) { return a; } extern void g(void); int h(int, ...);"),
               "static inline function f fn(int,ptr(char))->int\n"

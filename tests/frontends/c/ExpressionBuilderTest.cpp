@@ -121,14 +121,14 @@ TEST(ExpressionBuilderTest, initializersAreAsWritten) {
               "  variable z struct t = (init (designated .a 1) (designated .b[1] 2) (designated .b[2...3] 4))\n");
     EXPECT_EQ(bodyOf("int m[][2] = { { 1 }, { 2, 3 } }; int n[3] = { [2] = 7 };"),
               "declare\n"
-              "  variable m array[2](array[2](int)) = (init (init 1) (init 2 3))\n"
+              "  variable m array[2](array[2](int)) [] = (init (init 1) (init 2 3))\n"
               "declare\n"
               "  variable n array[3](int) = (init (designated [2] 7))\n");
 }
 
 TEST(ExpressionBuilderTest, compoundLiterals) {
     EXPECT_EQ(bodyOf("p = (int[]){ 1, 2 }; s = (struct s){ .x = 3 };", "int* p; struct s { int x; } s;"),
-              "(= p (literal <array[2](int)> (init 1 2)))\n"
+              "(= p (literal <array[2](int)> [] (init 1 2)))\n"
               "(= s (literal <struct s> (init (designated .x 3))))\n");
 }
 

@@ -124,7 +124,9 @@ public:
         write(node.getValue());
         m_text += ')';
     }
-    void visit(CompoundLiteralExpression& node) override { list("literal <" + typeText(node.getType()) + '>', node); }
+    void visit(CompoundLiteralExpression& node) override {
+        list("literal <" + typeText(node.getType()) + '>' + (node.isLengthLeftOut() ? " []" : ""), node);
+    }
     void visit(GenericSelectionExpression& node) override {
         m_text += "(generic ";
         write(node.getControl());
@@ -237,6 +239,8 @@ public:
     void visit(VariableDeclaration& node) override {
         begin(std::string(node.isExternal() ? "external " : "") + storageNames[number(node.getStorageClass())] +
               (node.isParameter() ? "parameter " : "variable ") + node.getName() + ' ' + typeText(node.getType()));
+        if (!node.getBracketWords().empty() || node.isLengthLeftOut())
+            m_text += " [" + node.getBracketWords() + ']';
         if (node.getInitializer() != nullptr) {
             m_text += " = ";
             write(node.getInitializer());
