@@ -354,7 +354,7 @@ void CExpressionPieces::visit(StatementExpression& node) {
 
 void CExpressionPieces::visit(VariadicArgumentExpression& node) {
     setPrecedence(Precedence::Postfix);
-    text("va_arg(");
+    text(node.isBuiltin() ? "__builtin_va_arg(" : "va_arg(");
     child(node.getList(), Precedence::Assignment);
     text(", ");
     type(node.getType());

@@ -15,6 +15,13 @@ public:
     }
 
     [[nodiscard]] ExpressionBase* getList() const { return childAs<ExpressionBase>(0); }
+
+    /// True for the compiler's own `__builtin_va_arg`, which needs no header.
+    [[nodiscard]] bool isBuiltin() const { return m_builtin; }
+    void setBuiltin(bool builtin) { m_builtin = builtin; }
+
+private:
+    bool m_builtin = false;
 };
 
 } // namespace Kova::Tessel

@@ -85,7 +85,7 @@ protected:
         preprocessor.addPPCallbacks(recordDirectives(preprocessor, *m_system, *m_macros, m_directives));
         m_attributes.emplace(*m_system);
         m_attributes->watch(preprocessor);
-        preprocessor.addCommentHandler(&m_fallThrough);
+        m_fallThrough.watch(preprocessor);
         return std::make_unique<BuildingConsumer>(
             ParsedText{*m_system, *m_macros, *m_attributes, m_fallThrough, m_directives}, m_program, *m_unit, m_result);
     }

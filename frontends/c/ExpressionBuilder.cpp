@@ -10,6 +10,7 @@
 #include "environment/tessel/GenericSelectionExpression.h"
 #include "environment/tessel/InitializerListExpression.h"
 #include "environment/tessel/LabelAddressExpression.h"
+#include "environment/tessel/LiteralExpression.h"
 #include "environment/tessel/MemberExpression.h"
 #include "environment/tessel/OpaqueExpression.h"
 #include "environment/tessel/StatementExpression.h"
@@ -26,6 +27,8 @@
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Expr.h>
 #include <clang/AST/StmtVisitor.h>
+#include <llvm/ADT/StringExtras.h>
+#include <llvm/Support/raw_ostream.h>
 
 namespace Kova::Frontends {
 
@@ -81,9 +84,13 @@ public:
     }
     // What Clang's own headers make of atomic_load and its like is known to Clang alone.
     ExpressionPtr VisitAtomicExpr(const clang::AtomicExpr* access) { return makeMacroUse(*access); }
+    // A call of `__builtin_LINE()` and its like means its own place, which printing changes.
+    ExpressionPtr VisitSourceLocExpr(const clang::SourceLocExpr* place);
     ExpressionPtr VisitVAArgExpr(const clang::VAArgExpr* argument) {
-        return std::make_unique<VariadicArgumentExpression>(
+        auto result = std::make_unique<VariadicArgumentExpression>(
             build(argument->getSubExpr()), m_context.types.build(argument->getWrittenTypeInfo()->getType()));
+        result->setBuiltin(!m_context.text.isMacroOf(argument->getBuiltinLoc(), "va_arg"));
+        return result;
     }
 
 private:
@@ -103,6 +110,24 @@ ExpressionPtr ExpressionVisitor::makeOpaque(KeptText kept) {
     for (const KeptText::Operand& operand : kept.operands)
         opaque->appendOperand(build(operand.expression), operand.place);
     return opaque;
+}
+
+ExpressionPtr ExpressionVisitor::VisitSourceLocExpr(const clang::SourceLocExpr* place) {
+    const clang::APValue value = place->EvaluateInContext(m_context.clang, nullptr);
+    if (value.isInt()) {
+        auto number =
+            std::make_unique<LiteralExpression>(LiteralExpression::Kind::Integer, llvm::toString(value.getInt(), 10));
+        number->setIntegerValue(value.getInt().getExtValue());
+        return number;
+    }
+    const auto* text = value.isLValue() ? value.getLValueBase().dyn_cast<const clang::Expr*>() : nullptr;
+    const auto* string = llvm::dyn_cast_or_null<clang::StringLiteral>(text);
+    if (string == nullptr)
+        return VisitStmt(place);
+    std::string quoted;
+    llvm::raw_string_ostream stream(quoted);
+    string->outputString(stream);
+    return std::make_unique<LiteralExpression>(LiteralExpression::Kind::String, stream.str());
 }
 
 ExpressionPtr ExpressionVisitor::VisitDeclRefExpr(const clang::DeclRefExpr* reference) {

@@ -3,8 +3,12 @@
 
 #include <clang/Basic/SourceManager.h>
 #include <clang/Lex/Lexer.h>
+#include <clang/Lex/PPCallbacks.h>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
+#include <string>
 
 namespace Kova::Frontends {
 
@@ -35,7 +39,35 @@ bool saysFallThrough(llvm::StringRef comment) {
     return text.empty() || text.front() == '-';
 }
 
+bool isNamedFallThrough(llvm::StringRef name) {
+    std::string letters;
+    std::copy_if(name.begin(), name.end(), std::back_inserter(letters), [](char c) { return c != '_'; });
+    const llvm::StringRef word = letters;
+    return word.contains_insensitive("fallthrough") || word.contains_insensitive("fallthru");
+}
+
 } // namespace
+
+class FallThroughComments::MacroWatcher final : public clang::PPCallbacks {
+public:
+    explicit MacroWatcher(FallThroughComments& comments) : m_comments(comments) {}
+
+    void MacroExpands(const clang::Token& name, const clang::MacroDefinition& /*definition*/,
+                      clang::SourceRange /*range*/, const clang::MacroArgs* /*arguments*/) override {
+        if (name.getLocation().isMacroID() || !isNamedFallThrough(name.getIdentifierInfo()->getName()))
+            return;
+        m_comments.m_comments.emplace_back(name.getLocation());
+        m_comments.m_macros.push_back(name.getLocation());
+    }
+
+private:
+    FallThroughComments& m_comments;
+};
+
+void FallThroughComments::watch(clang::Preprocessor& preprocessor) {
+    preprocessor.addCommentHandler(this);
+    preprocessor.addPPCallbacks(std::make_unique<MacroWatcher>(*this));
+}
 
 bool FallThroughComments::HandleComment(clang::Preprocessor& preprocessor, clang::SourceRange comment) {
     const clang::SourceManager& sources = preprocessor.getSourceManager();
@@ -53,10 +85,32 @@ clang::SourceRange FallThroughComments::findBetween(clang::SourceLocation begin,
     const auto isBefore = [&](const clang::SourceRange& comment, clang::SourceLocation place) {
         return sources.isBeforeInTranslationUnit(comment.getBegin(), place);
     };
-    const auto first = std::lower_bound(m_comments.begin(), m_comments.end(), begin, isBefore);
+    const auto isBehind = [&](clang::SourceLocation place, const clang::SourceRange& comment) {
+        return sources.isBeforeInTranslationUnit(place, comment.getBegin());
+    };
+    // A macro may be what ends at the begin.
+    const auto first = std::upper_bound(m_comments.begin(), m_comments.end(), begin, isBehind);
     const bool isFound = first != m_comments.end() && isBefore(*first, end) &&
                          sources.getFileID(first->getBegin()) == sources.getFileID(end);
     return isFound ? *first : clang::SourceRange();
+}
+
+clang::SourceRange FallThroughComments::findMacro(clang::SourceRange statement, const clang::SourceManager& sources,
+                                                  const clang::LangOptions& language) const {
+    const auto isBefore = [&](clang::SourceLocation macro, clang::SourceLocation place) {
+        return !sources.isBeforeInTranslationUnit(place, macro);
+    };
+    const auto behind =
+        std::lower_bound(m_macros.begin(), m_macros.end(), sources.getExpansionLoc(statement.getBegin()), isBefore);
+    if (behind == m_macros.begin())
+        return {};
+    const clang::SourceLocation macro = *std::prev(behind);
+    const std::optional<clang::Token> next = clang::Lexer::findNextToken(macro, sources, language);
+    const bool isWhole = statement.getBegin().isMacroID() && statement.getEnd().isMacroID() &&
+                         sources.getExpansionLoc(statement.getBegin()) == macro &&
+                         sources.getExpansionLoc(statement.getEnd()) == macro;
+    const bool isNothing = next && next->getLocation() == statement.getBegin();
+    return isWhole || isNothing ? clang::SourceRange(macro) : clang::SourceRange();
 }
 
 } // namespace Kova::Frontends

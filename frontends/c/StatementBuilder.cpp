@@ -81,7 +81,10 @@ public:
     StatementPtr VisitSwitchStmt(const clang::SwitchStmt* statement) {
         ExpressionPtr selector = build(statement->getCond());
         hoistDirectives(statement->getRParenLoc());
-        return std::make_unique<SwitchStatement>(std::move(selector), buildBlock(statement->getBody()));
+        ++m_switches;
+        BlockPtr body = buildBlock(statement->getBody());
+        --m_switches;
+        return std::make_unique<SwitchStatement>(std::move(selector), std::move(body));
     }
     StatementPtr VisitWhileStmt(const clang::WhileStmt* loop) {
         ExpressionPtr condition = build(loop->getCond());
@@ -114,10 +117,14 @@ private:
     const clang::Stmt& appendLabels(BlockStatement& block, const clang::Stmt& statement);
     void appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next);
     StatementPtr makeOpaque(KeptText kept);
+    StatementPtr makeFallThrough(clang::SourceRange range);
+    StatementPtr buildFallThrough(const clang::Stmt& statement);
 
     UnitContext& m_context;
     // Of the statement under construction.
     std::vector<StatementPtr> m_hoisted;
+    // How many are around it.
+    unsigned m_switches = 0;
 };
 
 void StatementVisitor::appendLabel(BlockStatement& block, StatementPtr label, clang::SourceRange range) {
@@ -166,7 +173,9 @@ void StatementVisitor::append(BlockStatement& block, const clang::Stmt& statemen
     }
     appendDirectives(block, marked->getBeginLoc());
     std::vector<StatementPtr> around = std::exchange(m_hoisted, {});
-    StatementPtr made = buildPlain(*marked);
+    StatementPtr made = buildFallThrough(*marked);
+    if (!made)
+        made = buildPlain(*marked);
     for (StatementPtr& directive : m_hoisted)
         block.append(std::move(directive));
     m_hoisted = std::move(around);
@@ -218,8 +227,25 @@ void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stm
                         dynamic_cast<const ContinueStatement*>(before) == nullptr;
     if (!goesOn || comment.isInvalid())
         return;
-    block.append(std::make_unique<OpaqueStatement>("__attribute__((fallthrough));"));
-    block.getStatement(block.getChildCount() - 1)->setSourceRange(m_context.text.rangeOf(comment));
+    block.append(makeFallThrough(comment));
+}
+
+StatementPtr StatementVisitor::makeFallThrough(clang::SourceRange range) {
+    auto made = std::make_unique<OpaqueStatement>("__attribute__((fallthrough));");
+    made->setSourceRange(m_context.text.rangeOf(range));
+    return made;
+}
+
+/// Null for any statement but one that does nothing and that a macro named so writes.
+StatementPtr StatementVisitor::buildFallThrough(const clang::Stmt& statement) {
+    const auto* expression = llvm::dyn_cast<clang::Expr>(&statement);
+    const bool doesNothing = llvm::isa<clang::NullStmt>(statement) ||
+                             (expression != nullptr && !expression->HasSideEffects(m_context.clang));
+    if (m_switches == 0 || !doesNothing)
+        return nullptr;
+    const clang::SourceRange macro = m_context.fallThrough.findMacro(
+        statement.getSourceRange(), m_context.clang.getSourceManager(), m_context.clang.getLangOpts());
+    return macro.isValid() ? makeFallThrough(macro) : nullptr;
 }
 
 StatementPtr StatementVisitor::buildPlain(const clang::Stmt& statement) {

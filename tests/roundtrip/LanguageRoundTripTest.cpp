@@ -161,6 +161,17 @@ TEST(LanguageRoundTripTest, oldPrograms) {
                               "int later(x) { return x * 2; }\n"));
 }
 
+TEST(LanguageRoundTripTest, waysThatCompilersChoose) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#if __GNUC__ < 7\n# define FALLTHROUGH ((void) 0)\n#else\n"
+                "# define FALLTHROUGH __attribute__ ((__fallthrough__))\n#endif\n"
+                "static int way(int x) { switch (x) { case 1: { x++; FALLTHROUGH; } case 2: x++; FALLTHROUGH; default: "
+                "return x; } }\n"
+                "static int second(int n, ...) { __builtin_va_list l; __builtin_va_start(l, n); (void) "
+                "__builtin_va_arg(l, double); n = __builtin_va_arg(l, int); __builtin_va_end(l); return n; }",
+                "printf(\"%d %d %d\\n\", way(1), way(2), second(2, 1.5, 7));")));
+}
+
 TEST(LanguageRoundTripTest, oneWayOutOfACase) {
     const std::string text = printed("int f(int x)\n{\n    switch (x)\n    {\n    case 1:\n        x = 2;\n"
                                      "        /* falls through */\n    default:\n        return x;\n    }\n}\n");

@@ -241,6 +241,9 @@ TEST_F(OutToCTest, SelectsGenerically) {
 
 TEST_F(OutToCTest, WritesTheRest) {
     EXPECT_EQ(print(std::make_unique<VariadicArgumentExpression>(a(), types.pointer(intType))), "va_arg(a, int *)");
+    auto builtin = std::make_unique<VariadicArgumentExpression>(a(), intType);
+    builtin->setBuiltin(true);
+    EXPECT_EQ(print(std::move(builtin)), "__builtin_va_arg(a, int)");
     EXPECT_EQ(print(std::make_unique<LabelAddressExpression>("end")), "&&end");
     EXPECT_EQ(print(unary(U::Dereference, std::make_unique<LabelAddressExpression>("end"))), "*&&end");
     EXPECT_EQ(print(std::make_unique<EnumeratorReference>(enumeratorRed)), "RED");

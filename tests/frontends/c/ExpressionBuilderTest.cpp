@@ -126,6 +126,22 @@ TEST(ExpressionBuilderTest, initializersAreAsWritten) {
               "  variable n array[3](int) = (init (designated [2] 7))\n");
 }
 
+TEST(ExpressionBuilderTest, designatorsOfMembersOfUnnamedMembers) {
+    const char* const declarations = "struct t { int n; union { int a; struct { float x; int v[2]; }; }; };";
+    EXPECT_EQ(bodyOf("struct t s = { 1, .a = 2 }; struct t r = { .x = 3, .v[1] = 4, .n = 5 };", declarations),
+              "declare\n"
+              "  variable s struct t = (init 1 (designated .a 2))\n"
+              "declare\n"
+              "  variable r struct t = (init (designated .x 3) (designated .v[1] 4) (designated .n 5))\n");
+    EXPECT_EQ(bodyOf("a = __builtin_offsetof(struct t, v[a]);", std::string(declarations) + "int a;"),
+              "(= a (opaque `__builtin_offsetof(struct t, v[a])` a))\n");
+}
+
+TEST(ExpressionBuilderTest, placesInTheSourceAreTheirValues) {
+    EXPECT_EQ(Reading("void g(int, const char*);\nvoid f(void) {\ng(__builtin_LINE(), __builtin_FUNCTION()); }").body(),
+              "(call @g 3 \"f\")\n");
+}
+
 TEST(ExpressionBuilderTest, compoundLiterals) {
     EXPECT_EQ(bodyOf("p = (int[]){ 1, 2 }; s = (struct s){ .x = 3 };", "int* p; struct s { int x; } s;"),
               "(= p (literal <array[2](int)> [] (init 1 2)))\n"
@@ -147,7 +163,11 @@ TEST(ExpressionBuilderTest, statementsInExpressions) {
 
 TEST(ExpressionBuilderTest, variadicArguments) {
     EXPECT_EQ(Reading("int f(__builtin_va_list l) { return __builtin_va_arg(l, int); }").body(),
-              "return (va_arg <int> l)\n");
+              "return (builtin va_arg <int> l)\n");
+    EXPECT_EQ(Reading("#include <stdarg.h>\n#define NEXT(l) va_arg(l, int)\n"
+                      "int f(va_list l) { va_arg(l, char*); return NEXT(l); }")
+                  .body(),
+              "(va_arg <ptr(char)> l)\nreturn (va_arg <int> l)\n");
 }
 
 TEST(ExpressionBuilderTest, rareExpressionsKeepTheirTextAndShowTheirOperands) {

@@ -51,4 +51,34 @@ TEST(FallThroughCommentsTest, afterAJumpThereIsNothingToSay) {
     }
 }
 
+TEST(FallThroughCommentsTest, macrosOfTheNameSaySoWhateverTheyStandFor) {
+    const auto with = [](const std::string& macro, const std::string& use) {
+        return bodyOf("switch (x) { case 1: x = 1; " + use + " case 2: x = 2; }", "\n" + macro + "\nint x;");
+    };
+    const std::string said = between("x = 1; __attribute__((fallthrough));");
+    const std::string unsaid = between("x = 1;");
+    EXPECT_EQ(with("#define FALLTHROUGH ((void) 0)", "FALLTHROUGH;"), said);
+    EXPECT_EQ(with("#define OWN_FALL_THRU_ (void) 0", "OWN_FALL_THRU_;"), said);
+    EXPECT_EQ(with("#define fallthrough", "fallthrough;"), said);
+    EXPECT_EQ(with("#define FALLTHROUGH", "FALLTHROUGH"), said);
+    EXPECT_EQ(with("#define FALLTHROUGH() ((void) 0)", "FALLTHROUGH();"), said);
+    EXPECT_EQ(with("#define FALLTHROUGH __attribute__((fallthrough))", "FALLTHROUGH;"), said);
+    EXPECT_EQ(with("#define SILENT ((void) 0)", "SILENT;"), with("", "((void) 0);"));
+    EXPECT_NE(with("#define SILENT ((void) 0)", "SILENT;"), said);
+    EXPECT_NE(with("#define SILENT ((void) 0)", "SILENT;"), unsaid);
+}
+
+TEST(FallThroughCommentsTest, macrosThatDoMoreStayWhatTheyDo) {
+    const std::string declarations = "\n#define FALLTHROUGH g()\n#define ZERO_FALLTHROUGH 0\nint x; int g(void);";
+    EXPECT_EQ(bodyOf("switch (x) { case 1: FALLTHROUGH; case 2: x = ZERO_FALLTHROUGH; case 3: ; }", declarations),
+              "switch x\n"
+              "  case 1\n"
+              "  (call @g)\n"
+              "  case 2\n"
+              "  (= x 0)\n"
+              "  case 3\n"
+              "  null\n");
+    EXPECT_EQ(bodyOf("FALLTHROUGH;", "\n#define FALLTHROUGH ((void) 0)\n"), "(cast void 0)\n");
+}
+
 } // namespace Kova::Frontends

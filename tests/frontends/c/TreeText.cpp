@@ -143,7 +143,9 @@ public:
         children(*node.getBlock());
         m_text += std::string(m_depth * 2, ' ') + "})";
     }
-    void visit(VariadicArgumentExpression& node) override { list("va_arg <" + typeText(node.getType()) + '>', node); }
+    void visit(VariadicArgumentExpression& node) override {
+        list((node.isBuiltin() ? "builtin va_arg <" : "va_arg <") + typeText(node.getType()) + '>', node);
+    }
     void visit(LabelAddressExpression& node) override { m_text += "&&" + node.getLabelName(); }
     void visit(OpaqueExpression& node) override { list("opaque `" + node.getText() + '`', node); }
 
