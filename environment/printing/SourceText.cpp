@@ -33,7 +33,7 @@ std::size_t skipGap(const std::string& text, std::size_t begin, TextStyle style,
         const bool continued = style == TextStyle::Fortran && text[i] == '&';
         if (behindComment == i && !isBlank(text[i]) && !continued)
             break;
-        hasLineEnd = hasLineEnd || behindComment != i || text[i] == '\n';
+        hasLineEnd = hasLineEnd || behindComment != i || text[i] == '\n' || text[i] == '\r';
         i = std::max(behindComment, i + 1);
     }
     return i;

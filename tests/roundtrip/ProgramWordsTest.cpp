@@ -3,15 +3,17 @@
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/LoopStatement.h"
 #include "environment/tessel/SubroutineDeclaration.h"
+#include "environment/tessel/VariableDeclaration.h"
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/service/Preorder.h"
+#include "tests/environment/printing/PrintedLines.h"
 #include "tests/frontends/c/Reading.h"
 #include "tests/roundtrip/WordRules.h"
 #include "tests/roundtrip/generator/ProgramGenerator.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <typeinfo>
 
 namespace Kova::Test {
 
@@ -71,6 +73,8 @@ lab:
     unsigned long long big = 0xFFFFull + 'a' + L'b' + (i, k); (void) big; __extension__ i = k;
     int __attribute__((unused)) at2 = k, *at3 __attribute__((unused)) = &k;
     struct pair { int other; } q = { i }; q.other++;
+    #pragma GCC unroll 2
+    for (int z = 0; z < n; z++) k += z;
     { end: ; }
     return i > 3 ? i : (k = 3, k);
 }
@@ -81,8 +85,22 @@ struct Checked {
     std::size_t occurrences = 0;
 };
 
+/// Expects a piece for every node of the program, and the name alone for each variable that an expression mentions.
+void expectPieces(ProgramUnit& program) {
+    Tests::PrintedLines out;
+    out.print(program);
+    EXPECT_TRUE(out.isWellFormed);
+    for (const TesselBase& node : Service::Preorder(program)) {
+        EXPECT_NE(out.partsOf.count(&node), 0u) << typeid(node).name() << " at " << toString(node.getSourceRange());
+        if (const auto* occurrence = dynamic_cast<const VariableReference*>(&node)) {
+            EXPECT_EQ(out.partsOf[&node], std::vector<std::string>{occurrence->getVariable().getName()});
+        }
+    }
+}
+
 /// Expects the rules of the bodies of subroutines and of all loops, which are what views are asked for.
 Checked expectWords(ProgramUnit& program) {
+    expectPieces(program);
     Checked checked;
     for (TesselBase& node : Service::Preorder(program)) {
         checked.occurrences += dynamic_cast<const VariableReference*>(&node) != nullptr ? 1U : 0U;

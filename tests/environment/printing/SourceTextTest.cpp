@@ -12,6 +12,7 @@ TEST(SourceTextTest, JoinsLines) {
     EXPECT_EQ(toOneLine("a  +  b", TextStyle::C), "a  +  b");
     EXPECT_EQ(toOneLine("a +\n    b", TextStyle::C), "a + b");
     EXPECT_EQ(toOneLine("a\r\n+ b", TextStyle::C), "a + b");
+    EXPECT_EQ(toOneLine("a\r+ b", TextStyle::C), "a + b");
     EXPECT_EQ(toOneLine("", TextStyle::C), "");
 }
 
