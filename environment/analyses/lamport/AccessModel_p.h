@@ -36,7 +36,8 @@ struct Memory {
     const Kova::Tessel::DeclarationBase* variable = nullptr;
     /// The memory behind the pointer rather than the pointer itself; an array's elements count as its own.
     bool pointee = false;
-    /// Members after the last subscript, outermost first; accesses may overlap when one path begins the other.
+    /// The members chosen on the way, outermost first, up to the first union (whose members overlap). Two accesses may
+    /// meet only when one's list begins the other's.
     std::vector<const Kova::Tessel::DeclarationBase*> members;
 };
 
