@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "environment/analyses/lamport/AccessText_p.h"
+#include "environment/printing/OutToC.h"
+#include "environment/printing/OutToFortran.h"
+#include "environment/printing/SourceText.h"
+#include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/CastExpression.h"
+#include "environment/tessel/MemberExpression.h"
+#include "environment/tessel/OpaqueStatement.h"
+#include "environment/tessel/SubscriptExpression.h"
+#include "environment/tessel/TranslationUnit.h"
+#include "environment/tessel/TypedefDeclaration.h"
+#include "environment/tessel/UnaryExpression.h"
+#include "environment/tessel/types/DeclaredType.h"
+
+namespace DepGraph {
+
+using namespace Kova::Tessel;
+
+namespace {
+
+constexpr std::size_t shortLength = 60;
+
+bool isFortran(const TesselBase& node) {
+    const TranslationUnit* unit = node.findTranslationUnit();
+    return unit != nullptr && unit->getSourceLanguage() != LANG_C;
+}
+
+std::string print(const ExpressionBase& expression) {
+    return isFortran(expression) ? Kova::Backends::OutToFortran::expressionToString(expression)
+                                 : Kova::Backends::OutToC::expressionToString(expression);
+}
+
+/// The kind of a type behind all its names; Basic when it is not known.
+Type::Kind kindOf(const ExpressionBase& expression) {
+    const Type* type = expression.getType();
+    while (const auto* declared = dynamic_cast<const DeclaredType*>(type)) {
+        const auto* name = dynamic_cast<const TypedefDeclaration*>(&declared->getDeclaration());
+        if (name == nullptr)
+            break;
+        type = name->getType();
+    }
+    return type != nullptr ? type->getKind() : Type::Kind::Basic;
+}
+
+bool isAddress(const ExpressionBase& expression) {
+    const Type::Kind kind = kindOf(expression);
+    return kind == Type::Kind::Pointer || kind == Type::Kind::Array;
+}
+
+bool isDereference(const ExpressionBase& expression) {
+    const auto* unary = dynamic_cast<const UnaryExpression*>(&expression);
+    return unary != nullptr && unary->getOperator() == UnaryOperator::Dereference;
+}
+
+/// Whether the parent chooses an element, a member or the target of the child, which is one of its parts.
+bool chooses(const ExpressionBase& parent, const ExpressionBase& child) {
+    if (const auto* element = dynamic_cast<const SubscriptExpression*>(&parent))
+        return element->getBase() == &child || (isAddress(child) && !isAddress(*element->getBase()));
+    if (const auto* member = dynamic_cast<const MemberExpression*>(&parent))
+        return member->getBase() == &child;
+    return isDereference(parent);
+}
+
+/// Whether the parent computes an address from the child's: `p + i`, `p++`, `(int*)p`.
+bool computesAddress(const ExpressionBase& parent, const ExpressionBase& child) {
+    if (!isAddress(parent) || !isAddress(child))
+        return false;
+    return dynamic_cast<const BinaryExpression*>(&parent) != nullptr ||
+           dynamic_cast<const UnaryExpression*>(&parent) != nullptr ||
+           dynamic_cast<const CastExpression*>(&parent) != nullptr;
+}
+
+/// An occurrence with what its surroundings choose of it.
+struct Chain {
+    explicit Chain(const ExpressionBase& occurrence);
+
+    /// The longest part that does not leave the variable's own memory.
+    const ExpressionBase* own;
+    /// The whole access; the same as `own` unless a pointer is followed.
+    const ExpressionBase* whole;
+};
+
+Chain::Chain(const ExpressionBase& occurrence) : own(&occurrence), whole(&occurrence) {
+    const ExpressionBase* node = &occurrence;
+    while (const auto* parent = dynamic_cast<const ExpressionBase*>(node->getParent())) {
+        if (chooses(*parent, *node)) {
+            const bool staysInside = own == whole && kindOf(*own) != Type::Kind::Pointer;
+            whole = parent;
+            if (staysInside)
+                own = parent;
+        } else if (!computesAddress(*parent, *node)) {
+            break;
+        }
+        node = parent;
+    }
+}
+
+std::string cut(std::string text) {
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool continues = (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80U;
+        if (!continues && ++characters > shortLength)
+            return text.substr(0, i) + "...";
+    }
+    return text;
+}
+
+} // namespace
+
+AccessText::AccessText(const ExpressionBase& sourceOccurrence, const ExpressionBase& targetOccurrence) {
+    const Chain from(sourceOccurrence);
+    const Chain to(targetOccurrence);
+    const bool followed = from.own != from.whole && to.own != to.whole;
+    source = print(followed ? *from.whole : *from.own);
+    target = print(followed ? *to.whole : *to.own);
+}
+
+std::string printShort(const TesselBase& node) {
+    if (const auto* expression = dynamic_cast<const ExpressionBase*>(&node))
+        return cut(print(*expression));
+    const auto style = isFortran(node) ? Kova::Backends::TextStyle::Fortran : Kova::Backends::TextStyle::C;
+    if (const auto* opaque = dynamic_cast<const OpaqueStatement*>(&node))
+        return cut(Kova::Backends::toOneLine(opaque->getText(), style));
+    return {};
+}
+
+} // namespace DepGraph
