@@ -36,8 +36,8 @@ public:
     void reorder(int mode);
 
     /// From left to right.
-    [[nodiscard]] const std::vector<Port>& getUpPorts() const { return m_upPorts.ports(); }
-    [[nodiscard]] const std::vector<Port>& getDownPorts() const { return m_downPorts.ports(); }
+    [[nodiscard]] const std::vector<Port>& getUpPorts() const;
+    [[nodiscard]] const std::vector<Port>& getDownPorts() const;
 
 private:
     friend class EdgeBase;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "visualization/VisualizationExport.h"
+#include "visualization/graphcore/CurveGeometry.h"
 #include "visualization/graphcore/EdgeHitMap.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
 #include "visualization/textgraph/EdgesList.h"
@@ -13,6 +14,7 @@
 #include <QPoint>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace Kova::GUI::TextGraph {
@@ -109,6 +111,12 @@ protected:
     [[nodiscard]] QPoint heldNode() const { return m_pressedNode; }
 
 private:
+    /// An edge as the hit map has it.
+    struct MappedEdge {
+        int shapeType = -1; ///< 0 while hidden
+        ArrowCurve curve;
+    };
+
     void destroyItems();
     [[nodiscard]] QPoint scenePoint(const QMouseEvent& event) const;
     [[nodiscard]] bool isHolding() const { return m_pressedNode.x() != -1 && m_pressedNode.y() != -1; }
@@ -128,7 +136,7 @@ private:
     QPoint m_pressedNode{-1, -1};
     QMenu m_menu;
     EdgeHitMap m_hitMap;
-    std::vector<ArrowCurve> m_mappedCurves;
+    std::vector<MappedEdge> m_mapped;
     int m_selectedEdge = -1;
     QFont m_font;
     int m_charWidth = 0;
