@@ -7,6 +7,7 @@
 #include "environment/tessel/CastExpression.h"
 #include "environment/tessel/MemberExpression.h"
 #include "environment/tessel/OpaqueStatement.h"
+#include "environment/tessel/SubroutineCallExpression.h"
 #include "environment/tessel/SubscriptExpression.h"
 #include "environment/tessel/TranslationUnit.h"
 #include "environment/tessel/TypedefDeclaration.h"
@@ -48,9 +49,9 @@ bool isAddress(const ExpressionBase& expression) {
     return kind == Type::Kind::Pointer || kind == Type::Kind::Array;
 }
 
-bool isDereference(const ExpressionBase& expression) {
+bool isUnary(const ExpressionBase& expression, UnaryOperator operation) {
     const auto* unary = dynamic_cast<const UnaryExpression*>(&expression);
-    return unary != nullptr && unary->getOperator() == UnaryOperator::Dereference;
+    return unary != nullptr && unary->getOperator() == operation;
 }
 
 /// Whether the parent chooses an element, a member or the target of the child, which is one of its parts.
@@ -59,12 +60,12 @@ bool chooses(const ExpressionBase& parent, const ExpressionBase& child) {
         return element->getBase() == &child || (isAddress(child) && !isAddress(*element->getBase()));
     if (const auto* member = dynamic_cast<const MemberExpression*>(&parent))
         return member->getBase() == &child;
-    return isDereference(parent);
+    return isUnary(parent, UnaryOperator::Dereference);
 }
 
 /// Whether the parent computes an address from the child's: `p + i`, `p++`, `(int*)p`.
 bool computesAddress(const ExpressionBase& parent, const ExpressionBase& child) {
-    if (!isAddress(parent) || !isAddress(child))
+    if (!isAddress(parent) || !isAddress(child) || isUnary(parent, UnaryOperator::AddressOf))
         return false;
     return dynamic_cast<const BinaryExpression*>(&parent) != nullptr ||
            dynamic_cast<const UnaryExpression*>(&parent) != nullptr ||
@@ -79,6 +80,8 @@ struct Chain {
     const ExpressionBase* own;
     /// The whole access; the same as `own` unless a pointer is followed.
     const ExpressionBase* whole;
+    /// Whether a pointer is followed, here or by a subroutine that it is passed to.
+    bool isFollowed;
 };
 
 Chain::Chain(const ExpressionBase& occurrence) : own(&occurrence), whole(&occurrence) {
@@ -94,6 +97,9 @@ Chain::Chain(const ExpressionBase& occurrence) : own(&occurrence), whole(&occurr
         }
         node = parent;
     }
+    const auto* call = dynamic_cast<const SubroutineCallExpression*>(node->getParent());
+    const bool isPassed = call != nullptr && call->getCallee() != node && kindOf(*node) == Type::Kind::Pointer;
+    isFollowed = own != whole || isPassed;
 }
 
 std::string cut(std::string text) {
@@ -111,7 +117,7 @@ std::string cut(std::string text) {
 AccessText::AccessText(const ExpressionBase& sourceOccurrence, const ExpressionBase& targetOccurrence) {
     const Chain from(sourceOccurrence);
     const Chain to(targetOccurrence);
-    const bool followed = from.own != from.whole && to.own != to.whole;
+    const bool followed = from.isFollowed && to.isFollowed;
     source = print(followed ? *from.whole : *from.own);
     target = print(followed ? *to.whole : *to.own);
 }

@@ -12,7 +12,7 @@ namespace DepGraph {
 
 /// The accesses that two occurrences of one arrow stand for, in the language of their file: for the word `a` of
 /// `a[i][j]` the whole `a[i][j]`. Of a pointer's occurrences either both stand for the pointer or both for what it
-/// leads to: the latter when both are dereferenced.
+/// leads to: the latter when both are dereferenced or passed on to a subroutine.
 struct AccessText {
     AccessText(const Kova::Tessel::ExpressionBase& source, const Kova::Tessel::ExpressionBase& target);
 

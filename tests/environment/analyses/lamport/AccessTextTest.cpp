@@ -142,6 +142,18 @@ TEST_F(AccessTextTest, BothEndsDecide) {
     EXPECT_EQ(one.target, "p");
 }
 
+TEST_F(AccessTextTest, CalledSubroutinesFollowPointers) {
+    SubroutineDeclaration f("f", nullptr);
+    const ExpressionBase& element = keep(typed(subscript(name(p), i()), integer));
+    const AccessText passed(element, keep(call(f, i(), typed(binary(name(p), B::Add, i()), pointer))));
+    EXPECT_EQ(passed.source, "p[1]");
+    EXPECT_EQ(passed.target, "p");
+    EXPECT_EQ(AccessText(element, keep(call(f, typed(unary(U::AddressOf, name(p)), types.pointer(pointer))))).source,
+              "p");
+    EXPECT_EQ(AccessText(element, keep(call(f, name(n)))).source, "p");
+    EXPECT_EQ(AccessText(element, keep(call(name(p), i()))).source, "p");
+}
+
 TEST_F(AccessTextTest, FortranIsPrintedAsFortran) {
     ProgramUnit program;
     TranslationUnit& unit = addUnit(program, "a.f90", LANG_FORTRAN);
