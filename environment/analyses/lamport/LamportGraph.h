@@ -3,6 +3,7 @@
 
 #include "environment/analyses/lamport/LampArrow.h"
 
+#include <deque>
 #include <memory>
 
 namespace Kova::Tessel {
@@ -12,6 +13,7 @@ class BlockStatement;
 namespace DepGraph {
 
 class AccessModel;
+class PairTest;
 
 /// The dependences between the occurrences of variables in a block, after L. Lamport, "The Parallel Execution of DO
 /// Loops" (1974): memory-based, directed by the order of execution, with the loops that carry them.
@@ -21,6 +23,8 @@ class AccessModel;
 class LamportGraph {
 public:
     LamportGraph();
+    /// A graph of given arrows, in this order, for hosts with an analysis of their own. Refine() does nothing to it.
+    explicit LamportGraph(std::vector<LampArrow> arrows);
     ~LamportGraph();
     LamportGraph(const LamportGraph&) = delete;
     LamportGraph& operator=(const LamportGraph&) = delete;
@@ -36,8 +40,12 @@ public:
     [[nodiscard]] const std::vector<LampArrow*>& getArrows() const { return m_arrows; }
 
 private:
+    void findArrows(PairTest& test);
+
     std::unique_ptr<AccessModel> m_model;
-    std::vector<std::unique_ptr<LampArrow>> m_owned;
+    bool m_withInput = false;
+    // Keeps its elements in place while it grows.
+    std::deque<LampArrow> m_owned;
     std::vector<LampArrow*> m_arrows;
 };
 
