@@ -24,6 +24,12 @@ public:
 } // namespace
 
 LamportGraph::LamportGraph() = default;
+
+LamportGraph::LamportGraph(std::vector<LampArrow> arrows) {
+    for (LampArrow& arrow : arrows)
+        m_arrows.push_back(&m_owned.emplace_back(std::move(arrow)));
+}
+
 LamportGraph::~LamportGraph() = default;
 
 void LamportGraph::Build(Kova::Tessel::BlockStatement& block, EN_LamportGraphBuildParams /*parameters*/,
