@@ -36,10 +36,20 @@ struct Memory {
     const Kova::Tessel::DeclarationBase* variable = nullptr;
     /// The memory behind the pointer rather than the pointer itself; an array's elements count as its own.
     bool pointee = false;
+    /// Behind a second pointer, one that was found behind the first, as the rows of `double** rows`.
+    bool loaded = false;
     /// The members chosen on the way, outermost first, up to the first union (whose members overlap). Two accesses may
     /// meet only when one's list begins the other's.
     std::vector<const Kova::Tessel::DeclarationBase*> members;
+
+    [[nodiscard]] bool operator==(const Memory& other) const {
+        return variable == other.variable && pointee == other.pointee && loaded == other.loaded &&
+               members == other.members;
+    }
 };
+
+/// Whether an access to the one may be to the other as well, whatever their subscripts are.
+[[nodiscard]] bool mayMeet(const Memory& first, const Memory& second);
 
 /// One read or one write of memory by one occurrence.
 struct Access {
