@@ -7,6 +7,7 @@
 #include <QFontMetrics>
 #include <QtTest>
 
+#include <cmath>
 #include <random>
 
 using namespace Kova::GUI;
@@ -25,6 +26,11 @@ public:
 private:
     int& m_destroyed;
 };
+
+/// Halves away from zero.
+QPoint rounded(const QPointF& point) {
+    return {static_cast<int>(std::round(point.x())), static_cast<int>(std::round(point.y()))};
+}
 
 /// Where on its curve an edge is hit for sure.
 QPoint onEdge(const EdgeBase& edge) {
@@ -268,8 +274,8 @@ private Q_SLOTS:
                     continue;
                 for (const QPolygonF& polygon : graph.edgePolygons().at(i)) {
                     for (int k = 1; k < polygon.size(); ++k) {
-                        const QPoint from = polygon.at(k - 1).toPoint();
-                        const QPoint along = polygon.at(k).toPoint() - from;
+                        const QPoint from = rounded(polygon.at(k - 1));
+                        const QPoint along = rounded(polygon.at(k)) - from;
                         const QPoint off = point - from;
                         const int squaredLength = QPoint::dotProduct(along, along);
                         const int cross = along.x() * off.y() - along.y() * off.x();
