@@ -278,7 +278,7 @@ private Q_SLOTS:
                         const QPoint along = rounded(polygon.at(k)) - from;
                         const QPoint off = point - from;
                         const int squaredLength = QPoint::dotProduct(along, along);
-                        const int cross = along.x() * off.y() - along.y() * off.x();
+                        const qint64 cross = along.x() * off.y() - along.y() * off.x();
                         const int dot = QPoint::dotProduct(along, off);
                         // Half a unit beside the piece and not beyond its ends.
                         if (squaredLength == 0 ? off.isNull()
