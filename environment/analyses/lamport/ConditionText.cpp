@@ -84,7 +84,7 @@ std::string findCongruence(const isl::aff& aff) {
     const isl::aff quotient = getDivision(aff, division);
     const isl::val divisor = isl::manage(isl_aff_get_denominator_val(quotient.get()));
     const isl::val factor = isl::manage(isl_aff_get_coefficient_val(aff.get(), isl_dim_div, division));
-    if (!factor.abs().eq(divisor))
+    if (divisor.is_one() || !factor.abs().eq(divisor))
         return {};
     isl::aff sum = isl::manage(isl_aff_set_coefficient_si(aff.copy(), isl_dim_div, division, 0));
     if (factor.is_pos())
@@ -120,7 +120,10 @@ std::vector<ConstraintText> describeConstraints(const isl::basic_set& set) {
             continue;
         const isl::aff aff = isl::manage(isl_constraint_get_aff(constraint.get()));
         const bool equality = isl_constraint_is_equality(constraint.get()) == isl_bool_true;
-        texts.push_back({readSum(aff).terms.size(), describeConstraint(aff, equality)});
+        const std::size_t terms = readSum(aff).terms.size();
+        // A quotient by 1 is the number itself: what says so says nothing.
+        if (terms > 0)
+            texts.push_back({terms, describeConstraint(aff, equality)});
     }
     return texts;
 }
@@ -142,10 +145,11 @@ std::string describeCondition(const isl::set& unknowns) {
     const isl::set universe = isl::set::universe(unknowns.space());
     if (isl_set_plain_is_universe(unknowns.get()) == isl_bool_true)
         return {};
-    isl::set simple = isl::manage(isl_set_compute_divs(unknowns.copy())).coalesce();
-    simple = isl::manage(isl_set_remove_redundancies(simple.release()));
+    isl::set simple = isl::manage(isl_set_remove_redundancies(unknowns.coalesce().release()));
     if (universe.is_subset(simple))
         return {};
+    // Last, since simplifying forgets what the quotients are.
+    simple = isl::manage(isl_set_compute_divs(simple.release()));
     std::string text;
     simple.foreach_basic_set(
         [&](const isl::basic_set& part) { text += (text.empty() ? "" : " or ") + describeConjunction(part); });

@@ -4,6 +4,7 @@
 #include <isl/aff.h>
 #include <isl/val.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -12,13 +13,34 @@ namespace {
 
 using Term = UnknownSum::Term;
 
-std::string nameDivision(const isl::aff& aff, int position) {
-    const isl::aff argument = isl::manage(isl_aff_get_div(aff.get(), position));
-    const isl::val divisor = isl::manage(isl_aff_get_denominator_val(argument.get()));
-    const UnknownSum sum = readSum(isl::manage(isl_aff_scale_val(argument.copy(), divisor.copy())));
-    const bool single = sum.terms.size() + (sum.constant.is_zero() ? 0 : 1) <= 1;
-    const std::string text = single ? toText(sum) : "(" + toText(sum) + ")";
-    return "floor(" + text + "/" + toText(divisor) + ")";
+void addTerm(UnknownSum& sum, const isl::val& factor, const std::string& name) {
+    const auto isSame = [&](const Term& term) { return term.name == name; };
+    const auto place = std::find_if(sum.terms.begin(), sum.terms.end(), isSame);
+    if (place == sum.terms.end()) {
+        sum.terms.push_back({factor, name});
+        return;
+    }
+    place->factor = place->factor.add(factor);
+    if (place->factor.is_zero())
+        sum.terms.erase(place);
+}
+
+/// Adds factor * floor(argument / divisor).
+void addDivision(UnknownSum& sum, const isl::val& factor, const UnknownSum& argument, const isl::val& divisor) {
+    if (divisor.is_one()) {
+        for (const Term& term : argument.terms)
+            addTerm(sum, factor.mul(term.factor), term.name);
+        sum.constant = sum.constant.add(factor.mul(argument.constant));
+        return;
+    }
+    const bool single = argument.terms.size() + (argument.constant.is_zero() ? 0 : 1) <= 1;
+    const std::string text = single ? toText(argument) : "(" + toText(argument) + ")";
+    addTerm(sum, factor, "floor(" + text + "/" + toText(divisor) + ")");
+}
+
+void addDivision(UnknownSum& sum, const isl::val& factor, const isl::aff& quotient) {
+    const isl::val divisor = isl::manage(isl_aff_get_denominator_val(quotient.get()));
+    addDivision(sum, factor, readSum(isl::manage(isl_aff_scale_val(quotient.copy(), divisor.copy()))), divisor);
 }
 
 } // namespace
@@ -45,10 +67,13 @@ std::string addConstant(const std::string& text, const isl::val& constant) {
 
 std::string toText(const UnknownSum& sum) {
     std::string text;
-    for (const Term& term : sum.terms) {
-        const std::string sign = term.factor.is_neg() ? (text.empty() ? "-" : " - ") : (text.empty() ? "" : " + ");
-        text += sign + toText({Term{term.factor.abs(), term.name}});
-    }
+    for (const bool negative : {false, true})
+        for (const Term& term : sum.terms) {
+            if (term.factor.is_neg() != negative)
+                continue;
+            const std::string sign = negative ? (text.empty() ? "-" : " - ") : (text.empty() ? "" : " + ");
+            text += sign + toText({Term{term.factor.abs(), term.name}});
+        }
     return addConstant(text, sum.constant);
 }
 
@@ -60,9 +85,10 @@ UnknownSum readSum(const isl::aff& aff) {
             const isl::val factor = isl::manage(isl_aff_get_coefficient_val(aff.get(), type, i));
             if (factor.is_zero())
                 continue;
-            sum.terms.push_back({factor, type == isl_dim_div
-                                             ? nameDivision(aff, i)
-                                             : isl_aff_get_dim_name(aff.get(), type, static_cast<unsigned>(i))});
+            if (type == isl_dim_div)
+                addDivision(sum, factor, isl::manage(isl_aff_get_div(aff.get(), i)));
+            else
+                addTerm(sum, factor, isl_aff_get_dim_name(aff.get(), type, static_cast<unsigned>(i)));
         }
     return sum;
 }
