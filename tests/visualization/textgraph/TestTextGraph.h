@@ -131,13 +131,30 @@ public:
     std::function<bool(const EdgeBase*)> filter;
     int asked = 0;
 
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        TextGraphWidgetBase::mousePressEvent(event);
+        m_accepted = event->isAccepted();
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        TextGraphWidgetBase::mouseMoveEvent(event);
+        m_accepted = event->isAccepted();
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        TextGraphWidgetBase::mouseReleaseEvent(event);
+        m_accepted = event->isAccepted();
+    }
+
 private:
     bool mouse(QEvent::Type type, const QPoint& position, Qt::MouseButton button, Qt::MouseButtons buttons,
                Qt::KeyboardModifiers modifiers) {
         QMouseEvent event(type, position, viewport()->mapToGlobal(position), button, buttons, modifiers);
         QApplication::sendEvent(viewport(), &event);
-        return event.isAccepted();
+        return m_accepted;
     }
+
+    // What the widget did, before the event went on to its parents.
+    bool m_accepted = false;
 };
 
 } // namespace Kova::GUI::TextGraph
