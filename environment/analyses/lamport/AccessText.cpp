@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/AccessText_p.h"
+#include "environment/analyses/lamport/ChangedOperand_p.h"
+#include "environment/analyses/lamport/TypeFacts_p.h"
 #include "environment/printing/OutToC.h"
 #include "environment/printing/OutToFortran.h"
 #include "environment/printing/SourceText.h"
@@ -10,9 +12,8 @@
 #include "environment/tessel/SubroutineCallExpression.h"
 #include "environment/tessel/SubscriptExpression.h"
 #include "environment/tessel/TranslationUnit.h"
-#include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/UnaryExpression.h"
-#include "environment/tessel/types/DeclaredType.h"
+#include "environment/tessel/types/Type.h"
 
 namespace DepGraph {
 
@@ -32,15 +33,9 @@ std::string print(const ExpressionBase& expression) {
                                  : Kova::Backends::OutToC::expressionToString(expression);
 }
 
-/// The kind of a type behind all its names; Basic when it is not known.
+/// Basic when the type is not known.
 Type::Kind kindOf(const ExpressionBase& expression) {
-    const Type* type = expression.getType();
-    while (const auto* declared = dynamic_cast<const DeclaredType*>(type)) {
-        const auto* name = dynamic_cast<const TypedefDeclaration*>(&declared->getDeclaration());
-        if (name == nullptr)
-            break;
-        type = name->getType();
-    }
+    const Type* type = behindNames(expression.getType());
     return type != nullptr ? type->getKind() : Type::Kind::Basic;
 }
 
@@ -72,6 +67,11 @@ bool computesAddress(const ExpressionBase& parent, const ExpressionBase& child) 
            dynamic_cast<const CastExpression*>(&parent) != nullptr;
 }
 
+bool isChanged(const ExpressionBase& expression) {
+    const TesselBase* parent = expression.getParent();
+    return parent != nullptr && findChangedOperand(*parent) == &expression;
+}
+
 /// An occurrence with what its surroundings choose of it.
 struct Chain {
     explicit Chain(const ExpressionBase& occurrence);
@@ -82,6 +82,8 @@ struct Chain {
     const ExpressionBase* whole;
     /// Whether a pointer is followed, here or by a subroutine that it is passed to.
     bool isFollowed;
+    /// Whether what changes here is the pointer alone, as in `x = *p++`.
+    [[nodiscard]] bool changesPointerOnly() const { return isChanged(*own) && !isChanged(*whole); }
 };
 
 Chain::Chain(const ExpressionBase& occurrence) : own(&occurrence), whole(&occurrence) {
@@ -114,10 +116,14 @@ std::string cut(std::string text) {
 
 } // namespace
 
-AccessText::AccessText(const ExpressionBase& sourceOccurrence, const ExpressionBase& targetOccurrence) {
+AccessText::AccessText(const ExpressionBase& sourceOccurrence, const ExpressionBase& targetOccurrence,
+                       EN_DepType type) {
     const Chain from(sourceOccurrence);
     const Chain to(targetOccurrence);
-    const bool followed = from.isFollowed && to.isFollowed;
+    const bool sourceWrites = type == DT_FLOW || type == DT_OUTPUT;
+    const bool targetWrites = type == DT_ANTI || type == DT_OUTPUT;
+    const bool followed = from.isFollowed && to.isFollowed && !(sourceWrites && from.changesPointerOnly()) &&
+                          !(targetWrites && to.changesPointerOnly());
     source = print(followed ? *from.whole : *from.own);
     target = print(followed ? *to.whole : *to.own);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "environment/analyses/lamport/DependenceTypes.h"
+
 #include <string>
 
 namespace Kova::Tessel {
@@ -12,9 +14,10 @@ namespace DepGraph {
 
 /// The accesses that two occurrences of one arrow stand for, in the language of their file: for the word `a` of
 /// `a[i][j]` the whole `a[i][j]`. Of a pointer's occurrences either both stand for the pointer or both for what it
-/// leads to: the latter when both are dereferenced or passed on to a subroutine.
+/// leads to: the latter when both are dereferenced or passed on to a subroutine, unless a dependence of this kind needs
+/// a write where nothing but the pointer changes.
 struct AccessText {
-    AccessText(const Kova::Tessel::ExpressionBase& source, const Kova::Tessel::ExpressionBase& target);
+    AccessText(const Kova::Tessel::ExpressionBase& source, const Kova::Tessel::ExpressionBase& target, EN_DepType type);
 
     std::string source;
     std::string target;

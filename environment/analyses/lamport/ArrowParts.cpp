@@ -106,7 +106,7 @@ ArrowParts::ArrowParts(const DependenceFacts& facts)
       someDistanceKnown(std::any_of(facts.distance.begin(), facts.distance.end(), isKnown)),
       condition(facts.condition),
       doubt(facts.assumption.doubt) {
-    const AccessText text(*facts.source, *facts.target);
+    const AccessText text(*facts.source, *facts.target, facts.type);
     source = text.source;
     target = text.target;
     for (const int number : facts.carriers)

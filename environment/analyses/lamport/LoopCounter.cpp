@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "environment/analyses/lamport/ChangedOperand_p.h"
 #include "environment/analyses/lamport/LoopCounter_p.h"
-#include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/ForStatement.h"
-#include "environment/tessel/UnaryExpression.h"
 #include "environment/tessel/VariableDeclaration.h"
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/service/Preorder.h"
@@ -18,21 +17,11 @@ namespace {
 
 using Variables = std::vector<const VariableDeclaration*>;
 
-bool isStep(UnaryOperator operation) {
-    return operation == UnaryOperator::PreIncrement || operation == UnaryOperator::PreDecrement ||
-           operation == UnaryOperator::PostIncrement || operation == UnaryOperator::PostDecrement;
-}
-
 /// What the node itself sets or declares; null for anything else.
 const VariableDeclaration* variableSetBy(const TesselBase& node) {
     if (const auto* variable = dynamic_cast<const VariableDeclaration*>(&node))
         return variable;
-    const ExpressionBase* target = nullptr;
-    if (const auto* assignment = dynamic_cast<const AssignmentExpression*>(&node))
-        target = assignment->getTarget();
-    else if (const auto* unary = dynamic_cast<const UnaryExpression*>(&node); unary && isStep(unary->getOperator()))
-        target = unary->getOperand();
-    const auto* reference = dynamic_cast<const VariableReference*>(target);
+    const auto* reference = dynamic_cast<const VariableReference*>(findChangedOperand(node));
     return reference != nullptr ? &reference->getVariable() : nullptr;
 }
 

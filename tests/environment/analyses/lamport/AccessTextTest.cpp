@@ -40,12 +40,12 @@ protected:
     std::string followed(ExpressionPtr expression) {
         const ExpressionBase& occurrence = keep(std::move(expression));
         const ExpressionBase& other = keep(typed(subscript(name(p), i()), integer));
-        return AccessText(occurrence, other).source;
+        return AccessText(occurrence, other, DT_INPUT).source;
     }
     /// The other end being a variable.
     std::string notFollowed(ExpressionPtr expression) {
         const ExpressionBase& occurrence = keep(std::move(expression));
-        return AccessText(occurrence, keep(name(n))).source;
+        return AccessText(occurrence, keep(name(n)), DT_INPUT).source;
     }
 
     TypeTable types;
@@ -134,10 +134,10 @@ TEST_F(AccessTextTest, BothEndsDecide) {
     const ExpressionBase& first = keep(typed(subscript(name(p), i()), integer));
     const ExpressionBase& second = keep(typed(unary(U::Dereference, name(p)), integer));
     const ExpressionBase& plain = keep(assign(name(p), i()));
-    const AccessText both(first, second);
+    const AccessText both(first, second, DT_FLOW);
     EXPECT_EQ(both.source, "p[1]");
     EXPECT_EQ(both.target, "*p");
-    const AccessText one(plain, second);
+    const AccessText one(plain, second, DT_FLOW);
     EXPECT_EQ(one.source, "p");
     EXPECT_EQ(one.target, "p");
 }
@@ -145,13 +145,35 @@ TEST_F(AccessTextTest, BothEndsDecide) {
 TEST_F(AccessTextTest, CalledSubroutinesFollowPointers) {
     SubroutineDeclaration f("f", nullptr);
     const ExpressionBase& element = keep(typed(subscript(name(p), i()), integer));
-    const AccessText passed(element, keep(call(f, i(), typed(binary(name(p), B::Add, i()), pointer))));
+    const AccessText passed(element, keep(call(f, i(), typed(binary(name(p), B::Add, i()), pointer))), DT_ANTI);
     EXPECT_EQ(passed.source, "p[1]");
     EXPECT_EQ(passed.target, "p");
-    EXPECT_EQ(AccessText(element, keep(call(f, typed(unary(U::AddressOf, name(p)), types.pointer(pointer))))).source,
-              "p");
-    EXPECT_EQ(AccessText(element, keep(call(f, name(n)))).source, "p");
-    EXPECT_EQ(AccessText(element, keep(call(name(p), i()))).source, "p");
+    const auto accessOf = [&](ExpressionPtr other) {
+        return AccessText(element, keep(std::move(other)), DT_ANTI).source;
+    };
+    EXPECT_EQ(accessOf(call(f, typed(unary(U::AddressOf, name(p)), types.pointer(pointer)))), "p");
+    EXPECT_EQ(accessOf(call(f, name(n))), "p");
+    EXPECT_EQ(accessOf(call(name(p), i())), "p");
+}
+
+TEST_F(AccessTextTest, PointersThatChangeWhileTheyAreFollowed) {
+    const auto next = [this] {
+        return typed(unary(U::Dereference, typed(unary(U::PostIncrement, name(p)), pointer)), integer);
+    };
+    const ExpressionBase& element = keep(assign(typed(subscript(name(p), i()), integer), i()));
+    const ExpressionBase& readNext = keep(assign(use(n), next()));
+    // Of the two, only the element is written, and only the pointer changes at the other.
+    EXPECT_EQ(AccessText(element, readNext, DT_FLOW).target, "*p++");
+    EXPECT_EQ(AccessText(element, readNext, DT_ANTI).target, "p");
+    EXPECT_EQ(AccessText(element, readNext, DT_ANTI).source, "p");
+    EXPECT_EQ(AccessText(readNext, element, DT_FLOW).source, "p");
+    EXPECT_EQ(AccessText(readNext, element, DT_ANTI).source, "*p++");
+    EXPECT_EQ(AccessText(readNext, element, DT_OUTPUT).source, "p");
+    EXPECT_EQ(AccessText(element, readNext, DT_OUTPUT).source, "p");
+    EXPECT_EQ(AccessText(element, readNext, DT_INPUT).source, "p[1]");
+    const ExpressionBase& writeNext = keep(assign(next(), i()));
+    EXPECT_EQ(AccessText(writeNext, element, DT_FLOW).source, "*p++");
+    EXPECT_EQ(AccessText(element, writeNext, DT_OUTPUT).target, "*p++");
 }
 
 TEST_F(AccessTextTest, FortranIsPrintedAsFortran) {
@@ -160,7 +182,7 @@ TEST_F(AccessTextTest, FortranIsPrintedAsFortran) {
     ExpressionPtr reference = use(untyped);
     const ExpressionBase& occurrence = *reference;
     perform(define(unit, "s"), assign(subscript(std::move(reference), i(), use(n)), i()));
-    EXPECT_EQ(AccessText(occurrence, occurrence).source, "u(1, n)");
+    EXPECT_EQ(AccessText(occurrence, occurrence, DT_FLOW).source, "u(1, n)");
 }
 
 TEST_F(AccessTextTest, ShortTexts) {
