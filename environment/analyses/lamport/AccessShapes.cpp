@@ -69,6 +69,7 @@ const DomainShape* AccessShapes::addDomain(const isl::set& set) {
     try {
         const OperationLimit limit(m_context, shapeOperations);
         readRanges(shape);
+        shape.parts = readParts(shape.set, m_unknowns);
     } catch (const isl::exception&) {
         shape.isBox = false;
     }
@@ -97,8 +98,8 @@ const SubscriptShape* AccessShapes::addSubscript(const isl::pw_aff& function, co
 const AccessShape* AccessShapes::addShape(const Access& access) {
     AccessShape shape;
     shape.domain = addDomain(access.domain);
-    for (const isl::pw_aff& subscript : access.subscripts)
-        shape.subscripts.push_back(addSubscript(subscript, shape.domain));
+    for (const std::optional<isl::pw_aff>& subscript : access.subscripts)
+        shape.subscripts.push_back(subscript ? addSubscript(*subscript, shape.domain) : &m_unknownSubscript);
     const std::size_t hash = hashShape(shape);
     const auto [first, last] = m_shapesByHash.equal_range(hash);
     for (auto entry = first; entry != last; ++entry)

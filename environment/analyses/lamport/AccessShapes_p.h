@@ -2,6 +2,7 @@
 #pragma once
 
 #include "environment/analyses/lamport/AccessModel_p.h"
+#include "environment/analyses/lamport/DomainConstraints_p.h"
 #include "environment/analyses/lamport/IterationPairs_p.h"
 #include "environment/analyses/lamport/LinearForm_p.h"
 
@@ -20,6 +21,8 @@ struct DomainShape {
     std::vector<IterationRange> ranges;
     /// The set is exactly the product of the ranges, which are bounded.
     bool isBox = false;
+    /// The set once more; nothing when it is not of few linear parts.
+    std::optional<std::vector<DomainPart>> parts;
 };
 
 struct SubscriptShape {
@@ -43,6 +46,7 @@ public:
     AccessShapes(isl::ctx context, const std::vector<Access>& accesses);
 
     [[nodiscard]] std::size_t getCount() const { return m_shapes.size(); }
+    [[nodiscard]] const UnknownNumbers& getUnknowns() const { return m_unknowns; }
     /// @param access its position in the list.
     [[nodiscard]] const AccessShape& getShape(std::size_t access) const { return *m_shapeOf[access]; }
 

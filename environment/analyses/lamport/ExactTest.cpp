@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/ConditionText_p.h"
+#include "environment/analyses/lamport/EliminationFacts_p.h"
 #include "environment/analyses/lamport/ExactTest_p.h"
 #include "environment/analyses/lamport/OperationLimit_p.h"
 #include "environment/analyses/lamport/QuickFacts_p.h"
@@ -37,10 +38,12 @@ std::size_t ExactTest::KeyHash::operator()(const Key& key) const {
                                     (key.ordered ? 1 : 0));
 }
 
-ExactTest::ExactTest(isl::ctx context, const AccessShapes& shapes, unsigned long operations)
+ExactTest::ExactTest(isl::ctx context, const AccessShapes& shapes, unsigned long operations, Means means)
     : m_context(context),
       m_shapes(shapes),
       m_operations(operations),
+      m_means(means),
+      m_conditions(context, shapes.getUnknowns()),
       m_elements(shapes.getCount()) {}
 
 const isl::map& ExactTest::getElements(std::size_t access, std::size_t subscripts) {
@@ -92,11 +95,25 @@ std::optional<PairFacts> ExactTest::lookUp(const AccessPair& pair, const QuickTe
 std::optional<PairFacts> ExactTest::decide(const AccessPair& pair, const QuickTests& tests, bool ordered) {
     try {
         const OperationLimit limit(m_context, m_operations);
-        return ordered ? RelationFacts(findMeetings(pair), pair.commonLoops, tests).describe(listCarriers(pair))
-                       : decideUnordered(pair);
+        return ordered ? decideOrdered(pair, tests) : decideUnordered(pair);
     } catch (const isl::exception&) {
         return assumeAll(pair, ordered ? listCarriers(pair) : std::vector<int>(), Doubt::WorkLimit);
     }
+}
+
+std::optional<PairFacts> ExactTest::decideOrdered(const AccessPair& pair, const QuickTests& tests) {
+    const std::vector<int> carriers = listCarriers(pair);
+    if (m_means == Means::EliminationFirst) {
+        EliminationFacts elimination(m_shapes.getShape(pair.source), m_shapes.getShape(pair.target), pair.commonLoops,
+                                     tests);
+        if (elimination.decide(carriers)) {
+            std::optional<PairFacts> facts = elimination.getFacts();
+            if (facts)
+                facts->condition = m_conditions.describe(elimination.getUnknowns(), elimination.getConditions());
+            return facts;
+        }
+    }
+    return RelationFacts(findMeetings(pair), pair.commonLoops, tests).describe(carriers);
 }
 
 std::optional<PairFacts> ExactTest::decideUnordered(const AccessPair& pair) {

@@ -60,19 +60,22 @@ int UnknownNumbers::operator[](const isl::id& unknown) {
     return entry->second;
 }
 
+std::optional<LinearForm> readLinearForm(const isl::aff& function, UnknownNumbers& unknowns) {
+    const std::optional<long> constant = readNumber(function.constant_val(), LinearForm::largestCoefficient << 10);
+    LinearForm form;
+    if (!constant || hasDivisions(function) || !readIterations(function, form) ||
+        !readUnknowns(function, unknowns, form))
+        return std::nullopt;
+    form.constant = *constant;
+    return form;
+}
+
 std::optional<LinearForm> readLinearForm(const isl::pw_aff& function, const isl::set& domain,
                                          UnknownNumbers& unknowns) {
     const isl::pw_aff simple = isl_pw_aff_isa_aff(function.get()) == isl_bool_true ? function : function.gist(domain);
     if (isl_pw_aff_isa_aff(simple.get()) != isl_bool_true)
         return std::nullopt;
-    const isl::aff aff = isl::manage(isl_pw_aff_as_aff(simple.copy()));
-    const std::optional<long> constant =
-        readNumber(isl::manage(isl_aff_get_constant_val(aff.get())), LinearForm::largestCoefficient << 10);
-    LinearForm form;
-    if (!constant || hasDivisions(aff) || !readIterations(aff, form) || !readUnknowns(aff, unknowns, form))
-        return std::nullopt;
-    form.constant = *constant;
-    return form;
+    return readLinearForm(isl::aff(isl::manage(isl_pw_aff_as_aff(simple.copy()))), unknowns);
 }
 
 } // namespace DepGraph

@@ -14,6 +14,7 @@ namespace DepGraph {
 class UnknownNumbers {
 public:
     int operator[](const isl::id& unknown);
+    [[nodiscard]] const isl::id& getUnknown(int number) const { return m_unknowns[static_cast<std::size_t>(number)]; }
 
 private:
     // Keeps the names alive that the table is keyed by; isl has one name object per name.
@@ -32,6 +33,9 @@ struct LinearForm {
     /// Number and coefficient, which is not 0, by ascending number.
     std::vector<std::pair<int, long>> unknowns;
 };
+
+/// Nothing when the function has a division or numbers too large.
+[[nodiscard]] std::optional<LinearForm> readLinearForm(const isl::aff& function, UnknownNumbers& unknowns);
 
 /// The function as a linear form; nothing when it is none within the domain: of several pieces, with a division, or
 /// with numbers too large.
