@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "environment/analyses/lamport/AccessCollector_p.h"
 #include "environment/analyses/lamport/AccessModel_p.h"
+#include "environment/analyses/lamport/StatementWalker_p.h"
 #include "environment/tessel/ExpressionBase.h"
 
 #include <isl/ctx.h>
@@ -27,9 +27,17 @@ bool mayMeet(const Memory& first, const Memory& second) {
 }
 
 AccessModel::AccessModel(Kova::Tessel::BlockStatement& block) {
-    AccessCollector collector(m_context.get(), block);
-    m_accesses = collector.collect();
-    const BlockFacts& facts = collector.getFacts();
+    const BlockFacts facts(block);
+    const JumpFacts jumps(block, facts);
+    Course course(m_context.get(), facts);
+    const CountedLoops loops(block, facts, course.getReader());
+    AccessRecorder recorder(course, loops, jumps.getDisorder());
+    StatementWalker walker(course, loops, jumps, recorder);
+    walker.walk(block);
+
+    m_disorder = jumps.getDisorder() != nullptr ? jumps.getDisorder() : walker.getTooDeep();
+    m_declarations = recorder.takeDeclarations();
+    m_accesses = recorder.takeAccesses();
     std::stable_sort(m_accesses.begin(), m_accesses.end(), [&facts](const Access& first, const Access& second) {
         const std::size_t left = facts.getNumber(*first.occurrence);
         const std::size_t right = facts.getNumber(*second.occurrence);

@@ -65,9 +65,9 @@ struct Access {
     /// Iterations in which it may be executed, a set of the unknowns to the vectors of iteration numbers (each loop
     /// counts from 0, one dimension a loop). It may hold more than the program executes, never less.
     isl::set domain;
-    /// For each subscript its value, a function of the domain; null where it is not affine. Fewer subscripts than
+    /// For each subscript its value, a function of the domain; none where it is not affine. Fewer subscripts than
     /// another access's mean that the whole rest is accessed.
-    std::vector<isl::pw_aff> subscripts;
+    std::vector<std::optional<isl::pw_aff>> subscripts;
     /// None when domain and subscripts are exactly what the program does.
     Assumption assumption;
 };
@@ -83,12 +83,16 @@ public:
     [[nodiscard]] isl::ctx getContext() const { return m_context.get(); }
     /// In the order in which they are printed; of one occurrence's, the read before the write.
     [[nodiscard]] const std::vector<Access>& getAccesses() const { return m_accesses; }
+    /// Where the block's declarations give their variables a value, or an unknown one without initializer: writes of
+    /// the whole variable that no word stands for, so `occurrence` is null. In the order of execution.
+    [[nodiscard]] const std::vector<Access>& getDeclarations() const { return m_declarations; }
     /// The jump that makes the order of execution unknown (backward, or into a loop); null when the order is known.
     [[nodiscard]] const Kova::Tessel::TesselBase* getDisorder() const { return m_disorder; }
 
 private:
     IslContext m_context;
     std::vector<Access> m_accesses;
+    std::vector<Access> m_declarations;
     const Kova::Tessel::TesselBase* m_disorder = nullptr;
 };
 

@@ -18,6 +18,8 @@
 #include <isl/aff.h>
 #include <isl/val.h>
 
+#include <utility>
+
 namespace DepGraph {
 
 using namespace Kova::Tessel;
@@ -26,12 +28,11 @@ namespace {
 
 constexpr int deepestNesting = 100;
 
-/// Not a number when the function is not the same everywhere.
-isl::val constantOf(const isl::pw_aff& function) {
-    if (function.is_null() || function.n_piece() != 1 || !function.isa_aff())
-        return {};
-    const isl::aff aff = function.as_aff();
-    return aff.is_cst() ? aff.constant_val() : isl::val();
+/// None when the function is not the same everywhere.
+std::optional<isl::val> constantOf(const std::optional<isl::pw_aff>& function) {
+    if (!function || function->n_piece() != 1 || !function->isa_aff() || !function->as_aff().is_cst())
+        return std::nullopt;
+    return function->as_aff().constant_val();
 }
 
 bool isComparison(BinaryOperator operation) {
@@ -52,13 +53,8 @@ bool isJunction(BinaryOperator operation) {
     return operation == BinaryOperator::LogicalAnd || operation == BinaryOperator::LogicalOr;
 }
 
-/// Whether a value of the type may be read as a number. What is not known is taken for a signed integer.
-bool isCountable(const Type* type) {
-    return type == nullptr || asInteger(type).has_value();
-}
-
-/// The type of two operands' comparison. None when it is of the language's signed integers or not known.
-std::optional<IntegerType> commonType(const Type* first, const Type* second) {
+/// The type in which two operands are compared.
+IntegerType commonType(const Type* first, const Type* second) {
     const auto promoted = [](const Type* type) {
         const IntegerType known = asInteger(type).value_or(IntegerType{});
         return known.bits < 32 ? IntegerType{} : known;
@@ -81,80 +77,66 @@ bool AffineReader::isNonNegative(const isl::pw_aff& value) const {
     return negative.intersect(m_domain).intersect(m_unknowns.rangesOn(m_context, getDepth())).is_empty();
 }
 
-bool AffineReader::isWithin(const isl::pw_aff& value, IntegerType type, const isl::set& domain) const {
-    const isl::val end = powerOfTwo(m_context, type.isSigned ? type.bits - 1 : type.bits);
-    const isl::val first = type.isSigned ? end.neg() : isl::val(m_context, 0);
-    const unsigned loops = loopsOf(domain);
-    const isl::set outside =
-        value.lt_set(constantOn(m_context, loops, first)).unite(value.ge_set(constantOn(m_context, loops, end)));
-    return outside.intersect(domain).intersect(m_unknowns.rangesOn(m_context, loops)).is_empty();
+bool AffineReader::isWithin(const isl::pw_aff& value, IntegerType type) const {
+    const isl::set vectors = m_domain.intersect(m_unknowns.rangesOn(m_context, getDepth()));
+    return vectors.is_subset(within(vectors, value, type, true));
 }
 
-isl::pw_aff AffineReader::settled(const Value& value) const {
-    if (value.function.is_null() || (value.wraps && !isNonNegative(value.function)))
-        return {};
-    return value.function;
+AffineReader::Function AffineReader::settled(const Value& value) const {
+    return value.wraps && !isNonNegative(*value.function) ? std::nullopt : value.function;
 }
 
-isl::pw_aff AffineReader::read(const ExpressionBase& expression) {
+AffineReader::Function AffineReader::read(const ExpressionBase& expression) {
     return settled(readValue(&expression));
 }
 
-isl::pw_aff AffineReader::readAs(const ExpressionBase& expression, const Type* type) {
+AffineReader::Function AffineReader::readAs(const ExpressionBase& expression, const Type* type) {
     return settled(readOperand(&expression, type));
 }
 
-isl::pw_aff AffineReader::readSubscript(const IndexSum& sum) {
+std::optional<isl::val> AffineReader::readNumber(const ExpressionBase& expression) {
+    return constantOf(read(expression));
+}
+
+AffineReader::Function AffineReader::readSubscript(const IndexSum& sum) {
     isl::pw_aff result = constant(0);
     for (const IndexSum::Term& term : sum.terms) {
-        const isl::pw_aff value = readValue(term.expression).function;
-        if (value.is_null())
-            return {};
-        result = term.isSubtracted ? result.sub(value) : result.add(value);
+        const Value value = readValue(term.expression);
+        if (!value.function)
+            return std::nullopt;
+        result = term.isSubtracted ? result.sub(*value.function) : result.add(*value.function);
     }
     return result;
 }
 
-AffineReader::Value AffineReader::converted(Value value, const Type* from, const Type* to) {
+AffineReader::Value AffineReader::converted(const Value& value, const Type* from, const Type* to) {
     const std::optional<IntegerType> source = asInteger(from);
     const std::optional<IntegerType> target = asInteger(to);
-    if (value.function.is_null() || (to != nullptr && !target))
+    if (!value.function || (to != nullptr && !target))
         return {};
     if (!source || !target || (source->isSigned == target->isSigned && source->bits == target->bits))
         return value;
-    if (target->bits == 1) {
-        const isl::pw_aff exact = settled(value);
-        return exact.is_null() ? Value()
-                               : Value{constant(1)
-                                           .intersect_domain(exact.ne_set(constant(0)))
-                                           .union_add(constant(0).intersect_domain(exact.eq_set(constant(0)))),
-                                       false};
-    }
-    const bool isWide = target->bits >= 32;
-    if (!target->isSigned && isWide) {
-        // Unsigned numbers are all the same modulo the size of the type.
-        if (value.wraps && target->bits <= source->bits)
-            return value;
-        const isl::pw_aff exact = settled(value);
-        if (exact.is_null())
-            return {};
-        if (target->bits < source->bits)
-            return isWithin(exact, *target, m_domain) ? Value{exact, false} : Value();
-        return {exact, source->isSigned && !isNonNegative(exact)};
-    }
-    const isl::pw_aff exact = settled(value);
-    if (exact.is_null())
+    // Unsigned numbers are all the same modulo the size of the type.
+    const bool isWideUnsigned = !target->isSigned && target->bits >= 32;
+    if (isWideUnsigned && value.wraps && target->bits <= source->bits)
+        return value;
+    const Function exact = settled(value);
+    if (!exact)
         return {};
+    if (target->bits == 1)
+        return {indicator(nonZero(*exact)), false};
+    if (isWideUnsigned && target->bits >= source->bits)
+        return {exact, source->isSigned && !isNonNegative(*exact)};
     const bool alwaysFits =
         target->isSigned && (source->isSigned ? source->bits <= target->bits : source->bits < target->bits);
-    return alwaysFits || isWithin(exact, *target, m_domain) ? Value{exact, false} : Value();
+    return alwaysFits || isWithin(*exact, *target) ? Value{exact, false} : Value();
 }
 
 AffineReader::Value AffineReader::readOperand(const ExpressionBase* operand, const Type* type) {
     return operand != nullptr ? converted(readValue(operand), operand->getType(), type) : Value();
 }
 
-isl::pw_aff AffineReader::readSettled(const ExpressionBase* operand, const Type* type) {
+AffineReader::Function AffineReader::readSettled(const ExpressionBase* operand, const Type* type) {
     return settled(readOperand(operand, type));
 }
 
@@ -194,20 +176,48 @@ AffineReader::Value AffineReader::readUnguarded(const ExpressionBase& expression
         return readOperand(cast->getOperand(), cast->getType());
     if (const auto* selection = dynamic_cast<const GenericSelectionExpression*>(&expression))
         return readValue(selection->getAssociationValue(selection->getChosen()));
+    if (const auto* query = dynamic_cast<const TypeQueryExpression*>(&expression))
+        return readSize(*query);
     return {};
+}
+
+AffineReader::Value AffineReader::readSize(const TypeQueryExpression& query) {
+    const Type* type = query.getOperand() != nullptr ? query.getOperand()->getType() : query.getQueriedType();
+    const std::optional<std::uint64_t> size = sizeOf(type);
+    const bool isRead = query.getQuery() == TypeQueryExpression::Query::SizeOf && size && *size <= INT32_MAX;
+    return isRead ? Value{constant(static_cast<long>(*size)), false} : Value();
 }
 
 AffineReader::Value AffineReader::readLvalue(const ExpressionBase& lvalue) {
     if (const auto* reference = dynamic_cast<const VariableReference*>(&lvalue)) {
-        isl::pw_aff counter = m_nest->findCounter(reference->getVariable());
-        if (!counter.is_null())
-            return {std::move(counter), false};
+        if (const Function known = m_nest->findValue(reference->getVariable()))
+            return {known, false};
     }
     const std::vector<Place> places = m_places.readLvalue(lvalue);
+    if (const auto* reference = dynamic_cast<const VariableReference*>(&lvalue)) {
+        if (const std::optional<isl::val> fixed = readFixed(reference->getVariable()))
+            return {constantOn(m_context, getDepth(), *fixed), false};
+    }
     if (places.size() != 1 || !isCountable(places.front().type) || !m_facts.isInvariant(places.front()))
         return {};
     const std::optional<std::string> name = m_unknowns.nameOf(places.front());
     return name ? Value{unknownOn(m_context, getDepth(), *name), false} : Value();
+}
+
+std::optional<isl::val> AffineReader::readFixed(const VariableDeclaration& variable) {
+    if (variable.isParameter() || variable.getInitializer() == nullptr || m_nesting == deepestNesting ||
+        !hasQualifier(variable.getType(), Type::Const) || hasQualifier(variable.getType(), Type::Volatile))
+        return {};
+    // What the initializer depends on may have changed since: only a number will do.
+    const LoopNest outside;
+    const LoopNest* nest = std::exchange(m_nest, &outside);
+    const isl::set domain = std::exchange(m_domain, allVectors(m_context, 0));
+    ++m_nesting;
+    const std::optional<isl::val> value = constantOf(readAs(*variable.getInitializer(), variable.getType()));
+    --m_nesting;
+    m_nest = nest;
+    m_domain = domain;
+    return value;
 }
 
 AffineReader::Value AffineReader::readUnary(const UnaryExpression& unary) {
@@ -218,7 +228,7 @@ AffineReader::Value AffineReader::readUnary(const UnaryExpression& unary) {
     case UnaryOperator::Minus: {
         const Value operand = readOperand(unary.getOperand(), unary.getType());
         const std::optional<IntegerType> type = asInteger(unary.getType());
-        return operand.function.is_null() ? Value() : Value{operand.function.neg(), type && !type->isSigned};
+        return operand.function ? Value{operand.function->neg(), type && !type->isSigned} : Value();
     }
     case UnaryOperator::LogicalNot:
         return readTruth(unary);
@@ -254,69 +264,68 @@ AffineReader::Value AffineReader::readBinary(const BinaryExpression& binary) {
 AffineReader::Value AffineReader::readSum(const BinaryExpression& binary) {
     const Value left = readOperand(binary.getLeft(), binary.getType());
     const Value right = readOperand(binary.getRight(), binary.getType());
-    if (left.function.is_null() || right.function.is_null())
+    if (!left.function || !right.function)
         return {};
     const std::optional<IntegerType> type = asInteger(binary.getType());
     const bool isSubtraction = binary.getOperator() == BinaryOperator::Subtract;
     const bool goesBelow = isSubtraction && type && !type->isSigned;
-    return {isSubtraction ? left.function.sub(right.function) : left.function.add(right.function),
+    return {isSubtraction ? left.function->sub(*right.function) : left.function->add(*right.function),
             left.wraps || right.wraps || goesBelow};
 }
 
 AffineReader::Value AffineReader::readProduct(const BinaryExpression& binary) {
     const Value left = readOperand(binary.getLeft(), binary.getType());
     const Value right = readOperand(binary.getRight(), binary.getType());
-    const isl::val first = constantOf(left.function);
-    const isl::val second = constantOf(right.function);
-    if (left.function.is_null() || right.function.is_null() || (first.is_null() && second.is_null()))
+    if (!left.function || !right.function)
         return {};
-    return {first.is_null() ? left.function.scale(second) : right.function.scale(first), left.wraps || right.wraps};
+    const bool wraps = left.wraps || right.wraps;
+    if (const std::optional<isl::val> factor = constantOf(left.function))
+        return {right.function->scale(*factor), wraps};
+    if (const std::optional<isl::val> factor = constantOf(right.function))
+        return {left.function->scale(*factor), wraps};
+    return {};
 }
 
 AffineReader::Value AffineReader::readQuotient(const BinaryExpression& binary) {
-    const isl::pw_aff dividend = readSettled(binary.getLeft(), binary.getType());
-    const isl::pw_aff divisor = readSettled(binary.getRight(), binary.getType());
-    const isl::val number = constantOf(divisor);
-    if (dividend.is_null() || number.is_null() || number.is_zero())
+    const Function dividend = readSettled(binary.getLeft(), binary.getType());
+    const Function divisor = readSettled(binary.getRight(), binary.getType());
+    const std::optional<isl::val> number = constantOf(divisor);
+    if (!dividend || !number || number->is_zero())
         return {};
     const bool isQuotient = binary.getOperator() == BinaryOperator::Divide;
     // Rounding towards zero takes two cases, rounding down takes one.
-    if (number.is_pos() && isNonNegative(dividend))
-        return {isQuotient ? dividend.scale_down(number).floor() : dividend.mod(number), false};
-    return {isQuotient ? dividend.tdiv_q(divisor) : dividend.tdiv_r(divisor), false};
+    if (number->is_pos() && isNonNegative(*dividend))
+        return {isQuotient ? dividend->scale_down(*number).floor() : dividend->mod(*number), false};
+    return {isQuotient ? dividend->tdiv_q(*divisor) : dividend->tdiv_r(*divisor), false};
 }
 
 AffineReader::Value AffineReader::readShift(const BinaryExpression& binary) {
-    const isl::val count = constantOf(read(*binary.getRight()));
-    const unsigned bits = asInteger(binary.getType()).value_or(IntegerType{}).bits;
-    if (count.is_null() || count.is_neg() || count.ge(isl::val(m_context, static_cast<long>(bits))))
+    if (binary.getRight() == nullptr)
         return {};
-    const isl::val factor = isl::manage(isl_val_2exp(count.copy()));
+    const std::optional<isl::val> count = readNumber(*binary.getRight());
+    const unsigned bits = asInteger(binary.getType()).value_or(IntegerType{}).bits;
+    if (!count || count->is_neg() || count->ge(isl::val(m_context, static_cast<long>(bits))))
+        return {};
+    const isl::val factor = isl::manage(isl_val_2exp(count->copy()));
     if (binary.getOperator() == BinaryOperator::ShiftLeft) {
         const Value value = readOperand(binary.getLeft(), binary.getType());
-        return value.function.is_null() ? Value() : Value{value.function.scale(factor), value.wraps};
+        return value.function ? Value{value.function->scale(factor), value.wraps} : Value();
     }
-    const isl::pw_aff value = readSettled(binary.getLeft(), binary.getType());
-    return value.is_null() || !isNonNegative(value) ? Value() : Value{value.scale_down(factor).floor(), false};
+    const Function value = readSettled(binary.getLeft(), binary.getType());
+    return value && isNonNegative(*value) ? Value{value->scale_down(factor).floor(), false} : Value();
 }
 
 AffineReader::Value AffineReader::readMask(const BinaryExpression& binary) {
-    Value left = readOperand(binary.getLeft(), binary.getType());
-    Value right = readOperand(binary.getRight(), binary.getType());
-    isl::val mask = constantOf(right.function);
-    if (mask.is_null()) {
-        mask = constantOf(left.function);
-        std::swap(left, right);
-    }
-    if (left.function.is_null() || mask.is_null() || mask.is_neg())
-        return {};
-    if (mask.gt(isl::val(m_context, 1L << 30)))
+    const Value left = readOperand(binary.getLeft(), binary.getType());
+    const Value right = readOperand(binary.getRight(), binary.getType());
+    const std::optional<isl::val> onRight = constantOf(right.function);
+    const std::optional<isl::val> mask = onRight ? onRight : constantOf(left.function);
+    const Function& masked = onRight ? left.function : right.function;
+    if (!masked || !mask || mask->is_neg() || mask->gt(isl::val(m_context, 1L << 30)))
         return {};
     // The low bits of any number, a negative one included, are its remainder.
-    const long size = mask.get_num_si() + 1;
-    if ((size & (size - 1)) != 0)
-        return {};
-    return {left.function.mod(size), false};
+    const long size = mask->get_num_si() + 1;
+    return (size & (size - 1)) == 0 ? Value{masked->mod(isl::val(m_context, size)), false} : Value();
 }
 
 AffineReader::Value AffineReader::readChoice(const ConditionalExpression& choice) {
@@ -331,19 +340,20 @@ AffineReader::Value AffineReader::readChoice(const ConditionalExpression& choice
     m_domain = domain.intersect(truth.maybeFalse);
     const Value second = readOperand(choice.getSecond(), choice.getType());
     m_domain = domain;
-    if (first.function.is_null() || second.function.is_null())
+    if (!first.function || !second.function)
         return {};
-    return {
-        first.function.intersect_domain(truth.maybeTrue).union_add(second.function.intersect_domain(truth.maybeFalse)),
-        first.wraps || second.wraps};
+    return {first.function->intersect_domain(truth.maybeTrue)
+                .union_add(second.function->intersect_domain(truth.maybeFalse)),
+            first.wraps || second.wraps};
+}
+
+isl::pw_aff AffineReader::indicator(const Truth& truth) const {
+    return constant(1).intersect_domain(truth.maybeTrue).union_add(constant(0).intersect_domain(truth.maybeFalse));
 }
 
 AffineReader::Value AffineReader::readTruth(const ExpressionBase& condition) {
     const Truth truth = readCondition(condition);
-    if (truth.unread != nullptr)
-        return {};
-    return {constant(1).intersect_domain(truth.maybeTrue).union_add(constant(0).intersect_domain(truth.maybeFalse)),
-            false};
+    return truth.unread == nullptr ? Value{indicator(truth), false} : Value();
 }
 
 Truth AffineReader::unknownTruth(const ExpressionBase& condition) const {
@@ -377,8 +387,8 @@ Truth AffineReader::readConditionUnguarded(const ExpressionBase& condition) {
         std::swap(truth.maybeTrue, truth.maybeFalse);
         return truth;
     }
-    const isl::pw_aff value = read(condition);
-    return value.is_null() ? unknownTruth(condition) : nonZero(value);
+    const Function value = read(condition);
+    return value ? nonZero(*value) : unknownTruth(condition);
 }
 
 Truth AffineReader::readJunction(const BinaryExpression& junction) {
@@ -395,15 +405,14 @@ Truth AffineReader::readJunction(const BinaryExpression& junction) {
 }
 
 Truth AffineReader::readComparison(const BinaryExpression& comparison) {
-    const Value leftValue = readValue(comparison.getLeft());
-    const Value rightValue = readValue(comparison.getRight());
-    isl::pw_aff left = settled(leftValue);
-    isl::pw_aff right = settled(rightValue);
-    if (left.is_null() || right.is_null())
+    const Function first = settled(readValue(comparison.getLeft()));
+    const Function second = settled(readValue(comparison.getRight()));
+    if (!first || !second)
         return unknownTruth(comparison);
-    const std::optional<IntegerType> type =
-        commonType(comparison.getLeft()->getType(), comparison.getRight()->getType());
-    if (type && !type->isSigned && (!isNonNegative(left) || !isNonNegative(right)))
+    const isl::pw_aff& left = *first;
+    const isl::pw_aff& right = *second;
+    const IntegerType type = commonType(comparison.getLeft()->getType(), comparison.getRight()->getType());
+    if (!type.isSigned && (!isNonNegative(left) || !isNonNegative(right)))
         return unknownTruth(comparison);
     switch (comparison.getOperator()) {
     case BinaryOperator::Less:

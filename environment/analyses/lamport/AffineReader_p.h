@@ -34,6 +34,9 @@ struct Truth {
 /// be negative. That unsigned sums grow beyond their type is not looked for in types of 32 bits and more.
 class AffineReader {
 public:
+    /// None where it is not affine. (isl's own null cannot be copied.)
+    using Function = std::optional<isl::pw_aff>;
+
     /// @param facts and unknowns outlive the reader.
     AffineReader(isl::ctx context, const BlockFacts& facts, Unknowns& unknowns)
         : m_context(context),
@@ -41,6 +44,7 @@ public:
           m_unknowns(unknowns),
           m_places(facts.isFortran()) {}
 
+    [[nodiscard]] isl::ctx getContext() const { return m_context; }
     /// From now on expressions are evaluated inside these loops, in some of these iterations.
     /// @param nest outlives what is read.
     void setPoint(const LoopNest& nest, const isl::set& domain) {
@@ -48,22 +52,18 @@ public:
         m_domain = domain;
     }
 
-    [[nodiscard]] isl::pw_aff readNumber(long value) const { return constant(value); }
-    /// Null when the value is not affine.
-    [[nodiscard]] isl::pw_aff read(const Kova::Tessel::ExpressionBase& expression);
+    /// None when the value is not affine.
+    [[nodiscard]] Function read(const Kova::Tessel::ExpressionBase& expression);
     /// As a value of another type, to which it is converted.
-    [[nodiscard]] isl::pw_aff readAs(const Kova::Tessel::ExpressionBase& expression, const Kova::Tessel::Type* type);
-    /// As a subscript. Null when it is not affine.
-    [[nodiscard]] isl::pw_aff readSubscript(const IndexSum& sum);
+    [[nodiscard]] Function readAs(const Kova::Tessel::ExpressionBase& expression, const Kova::Tessel::Type* type);
+    [[nodiscard]] Function readSubscript(const IndexSum& sum);
+    /// None when the value is not the same number everywhere.
+    [[nodiscard]] std::optional<isl::val> readNumber(const Kova::Tessel::ExpressionBase& expression);
     [[nodiscard]] Truth readCondition(const Kova::Tessel::ExpressionBase& condition);
-
-    /// Whether every value lies in the type's range in all iterations of the domain.
-    [[nodiscard]] bool isWithin(const isl::pw_aff& value, IntegerType type, const isl::set& domain) const;
 
 private:
     struct Value {
-        /// Null when not affine.
-        isl::pw_aff function;
+        Function function;
         /// Whether the program may see the number modulo the size of its unsigned type.
         bool wraps = false;
     };
@@ -72,6 +72,9 @@ private:
     [[nodiscard]] Value readValue(const Expression* expression);
     [[nodiscard]] Value readUnguarded(const Expression& expression);
     [[nodiscard]] Value readLvalue(const Expression& lvalue);
+    /// The value of a variable that cannot change.
+    [[nodiscard]] std::optional<isl::val> readFixed(const Kova::Tessel::VariableDeclaration& variable);
+    [[nodiscard]] Value readSize(const Kova::Tessel::TypeQueryExpression& query);
     [[nodiscard]] Value readUnary(const Kova::Tessel::UnaryExpression& unary);
     [[nodiscard]] Value readBinary(const Kova::Tessel::BinaryExpression& binary);
     [[nodiscard]] Value readSum(const Kova::Tessel::BinaryExpression& binary);
@@ -86,16 +89,20 @@ private:
     /// The operand's value in the type in which the operation is done.
     [[nodiscard]] Value readOperand(const Expression* operand, const Kova::Tessel::Type* type);
     /// As readOperand(), a number as mathematics knows it.
-    [[nodiscard]] isl::pw_aff readSettled(const Expression* operand, const Kova::Tessel::Type* type);
-    [[nodiscard]] Value converted(Value value, const Kova::Tessel::Type* from, const Kova::Tessel::Type* to);
-    [[nodiscard]] isl::pw_aff settled(const Value& value) const;
+    [[nodiscard]] Function readSettled(const Expression* operand, const Kova::Tessel::Type* type);
+    [[nodiscard]] Value converted(const Value& value, const Kova::Tessel::Type* from, const Kova::Tessel::Type* to);
+    [[nodiscard]] Function settled(const Value& value) const;
 
     [[nodiscard]] Truth readConditionUnguarded(const Expression& condition);
     [[nodiscard]] Truth readJunction(const Kova::Tessel::BinaryExpression& junction);
     [[nodiscard]] Truth readComparison(const Kova::Tessel::BinaryExpression& comparison);
     [[nodiscard]] Truth unknownTruth(const Expression& condition) const;
     [[nodiscard]] Truth nonZero(const isl::pw_aff& value) const;
+    /// 1 where it is true, 0 elsewhere.
+    [[nodiscard]] isl::pw_aff indicator(const Truth& truth) const;
 
+    /// Whether all values at the present point are of the type.
+    [[nodiscard]] bool isWithin(const isl::pw_aff& value, IntegerType type) const;
     [[nodiscard]] bool isNonNegative(const isl::pw_aff& value) const;
     [[nodiscard]] isl::pw_aff constant(long value) const;
     [[nodiscard]] unsigned getDepth() const { return m_nest->getDepth(); }

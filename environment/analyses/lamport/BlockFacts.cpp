@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/BlockFacts_p.h"
 #include "environment/analyses/lamport/ExpressionWalker_p.h"
+#include "environment/analyses/lamport/RootExpressions_p.h"
 #include "environment/analyses/lamport/TypeFacts_p.h"
 #include "environment/tessel/BlockStatement.h"
-#include "environment/tessel/SubroutineCallExpression.h"
-#include "environment/tessel/TranslationUnit.h"
+#include "environment/tessel/OpaqueExpression.h"
+#include "environment/tessel/OpaqueStatement.h"
 #include "environment/tessel/VariableDeclaration.h"
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/service/Preorder.h"
 #include "environment/tessel/types/Type.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace DepGraph {
 
@@ -18,12 +20,16 @@ using namespace Kova::Tessel;
 
 namespace {
 
-bool isFortranCode(const BlockStatement& block) {
-    const TranslationUnit* unit = block.findTranslationUnit();
-    return unit != nullptr && unit->getSourceLanguage() == LANG_FORTRAN;
-}
-
 const std::vector<const VariableReference*> noWords;
+
+void addNames(std::set<std::string>& names, const std::string& text) {
+    const auto isPart = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; };
+    for (auto begin = std::find_if(text.begin(), text.end(), isPart); begin != text.end();) {
+        const auto end = std::find_if_not(begin, text.end(), isPart);
+        names.emplace(begin, end);
+        begin = std::find_if(end, text.end(), isPart);
+    }
+}
 
 } // namespace
 
@@ -36,30 +42,12 @@ public:
     void followPointer(const Place&) override {}
     void enterIf(const ExpressionBase&, bool) override {}
     void leaveIf() override {}
-    void call(const SubroutineCallExpression&) override { m_facts.m_callsUnknown = true; }
+    void write(const Place& place) override { m_facts.addWritten(place); }
+    void call(const SubroutineCallExpression& call) override { m_facts.m_calls.add(call); }
     void enterBlock(BlockStatement& block) override { walk(block); }
-    void write(const Place& place) override {
-        std::vector<Memory>& written = m_facts.m_written[place.memory.variable];
-        const bool isKnown = std::any_of(written.begin(), written.end(),
-                                         [&place](const Memory& memory) { return memory == place.memory; });
-        if (!isKnown)
-            written.push_back(place.memory);
-        if (!place.memory.pointee)
-            m_facts.m_writers[place.memory.variable].push_back(place.leaf);
-    }
 
     void walk(BlockStatement& block) {
-        const Service::Preorder nodes(block);
-        for (auto node = nodes.begin(); node != nodes.end();) {
-            if (auto* expression = dynamic_cast<ExpressionBase*>(&*node)) {
-                m_walker.walk(expression);
-                node.skipChildren();
-            } else {
-                if (auto* variable = dynamic_cast<VariableDeclaration*>(&*node))
-                    m_facts.m_declared[variable] = true;
-                ++node;
-            }
-        }
+        forEachRootExpression(block, [this](ExpressionBase& expression) { m_walker.walk(&expression); });
     }
 
 private:
@@ -67,7 +55,7 @@ private:
     ExpressionWalker m_walker;
 };
 
-BlockFacts::BlockFacts(BlockStatement& block) : m_isFortran(isFortranCode(block)) {
+BlockFacts::BlockFacts(BlockStatement& block) : m_isFortran(isFortranCode(block)), m_calls(block) {
     readNames(block);
     Recorder(*this).walk(block);
 }
@@ -76,9 +64,28 @@ void BlockFacts::readNames(BlockStatement& block) {
     std::size_t number = 0;
     for (TesselBase& node : Service::Preorder(block)) {
         m_numbers[&node] = number++;
-        if (const auto* word = dynamic_cast<const VariableReference*>(&node))
-            m_words[&word->getVariable()].push_back(word);
+        readNode(node);
     }
+}
+
+void BlockFacts::readNode(const TesselBase& node) {
+    if (const auto* word = dynamic_cast<const VariableReference*>(&node))
+        m_words[&word->getVariable()].push_back(word);
+    else if (const auto* variable = dynamic_cast<const VariableDeclaration*>(&node);
+             variable != nullptr && isAutomatic(*variable))
+        m_declared.insert(variable);
+    else if (const auto* statement = dynamic_cast<const OpaqueStatement*>(&node))
+        addNames(m_opaqueNames, statement->getText());
+    else if (const auto* expression = dynamic_cast<const OpaqueExpression*>(&node))
+        addNames(m_opaqueNames, expression->getText());
+}
+
+void BlockFacts::addWritten(const Place& place) {
+    std::vector<Memory>& written = m_written[place.memory.variable];
+    if (std::find(written.begin(), written.end(), place.memory) == written.end())
+        written.push_back(place.memory);
+    if (!place.memory.pointee)
+        m_writers[place.memory.variable].push_back(place.leaf);
 }
 
 bool BlockFacts::isWritten(const Memory& memory) const {
@@ -88,23 +95,26 @@ bool BlockFacts::isWritten(const Memory& memory) const {
                        [&memory](const Memory& written) { return mayMeet(written, memory); });
 }
 
-bool BlockFacts::isWrittenByCalls(const VariableDeclaration& /*variable*/) const {
-    return m_callsUnknown;
+bool BlockFacts::isWrittenUnseen(const VariableDeclaration& variable) const {
+    return m_opaqueNames.count(variable.getName()) != 0 || m_calls.mayWrite(variable);
+}
+
+bool BlockFacts::isUnchanged(const Place& place) const {
+    return place.assumption.doubt == Doubt::None && !isDeclared(*place.memory.variable) && !isWritten(place.memory) &&
+           !hasQualifier(place.type, Type::Volatile) && !isWrittenUnseen(place.leaf->getVariable()) &&
+           !(place.memory.pointee && m_calls.mayWriteThroughPointers());
 }
 
 bool BlockFacts::isInvariant(const Place& place) const {
-    if (place.assumption.doubt != Doubt::None || isDeclared(*place.memory.variable) || isWritten(place.memory))
-        return false;
-    if (hasQualifier(place.type, Type::Volatile))
-        return false;
-    return isReachedByInvariants(place);
+    return isUnchanged(place) && isReachedByInvariants(place);
 }
 
 bool BlockFacts::isReachedByInvariants(const Place& place) const {
     const PlaceReader reader(m_isFortran);
+    // The pointers on the way to a pointer are in the list themselves.
     return std::all_of(place.pointers.begin(), place.pointers.end(), [&](const ExpressionBase* pointer) {
         const std::vector<Place> places = reader.readLvalue(*pointer);
-        return places.size() == 1 && isInvariant(places.front());
+        return places.size() == 1 && isUnchanged(places.front());
     });
 }
 

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "environment/analyses/lamport/AccessSink_p.h"
+#include "environment/analyses/lamport/CallEffects_p.h"
+#include "environment/analyses/lamport/Place_p.h"
 
-#include <map>
+#include <memory>
+#include <set>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
-
-namespace Kova::Tessel {
-class VariableDeclaration;
-class VariableReference;
-} // namespace Kova::Tessel
 
 namespace DepGraph {
 
@@ -32,8 +31,9 @@ public:
     /// The words that may write the variable itself, in the order in which they do.
     [[nodiscard]] const std::vector<const Kova::Tessel::VariableReference*>&
     getWriters(const Kova::Tessel::DeclarationBase& variable) const;
-    /// Whether a call in the block may write the variable without naming it.
-    [[nodiscard]] bool isWrittenByCalls(const Kova::Tessel::VariableDeclaration& variable) const;
+    /// Whether a call in the block, or a piece of source of which only the text is known, may write the variable though
+    /// no word of the tree says so.
+    [[nodiscard]] bool isWrittenUnseen(const Kova::Tessel::VariableDeclaration& variable) const;
     /// Whether the block declares the variable and so gives it a new value.
     [[nodiscard]] bool isDeclared(const Kova::Tessel::DeclarationBase& variable) const {
         return m_declared.count(&variable) != 0;
@@ -46,15 +46,20 @@ private:
     using Words = std::vector<const Kova::Tessel::VariableReference*>;
 
     void readNames(Kova::Tessel::BlockStatement& block);
+    void readNode(const Kova::Tessel::TesselBase& node);
+    void addWritten(const Place& place);
+    [[nodiscard]] bool isUnchanged(const Place& place) const;
 
     bool m_isFortran;
-    bool m_callsUnknown = false;
+    CallEffects m_calls;
+    /// Names in the text of what the tree has no classes for.
+    std::set<std::string> m_opaqueNames;
     // Looked up, never walked.
     std::unordered_map<const Kova::Tessel::TesselBase*, std::size_t> m_numbers;
     std::unordered_map<const Kova::Tessel::DeclarationBase*, Words> m_words;
     std::unordered_map<const Kova::Tessel::DeclarationBase*, Words> m_writers;
     std::unordered_map<const Kova::Tessel::DeclarationBase*, std::vector<Memory>> m_written;
-    std::unordered_map<const Kova::Tessel::DeclarationBase*, bool> m_declared;
+    std::unordered_set<const Kova::Tessel::DeclarationBase*> m_declared;
 };
 
 } // namespace DepGraph

@@ -132,12 +132,6 @@ bool mentions(ExpressionBase& expression, const VariableDeclaration& variable) {
     });
 }
 
-isl::val constantOf(const isl::pw_aff& function) {
-    if (function.is_null() || !function.isa_aff() || !function.as_aff().is_cst())
-        return {};
-    return function.as_aff().constant_val();
-}
-
 } // namespace
 
 CountedLoops::CountedLoops(BlockStatement& block, const BlockFacts& facts, AffineReader& reader) : m_facts(facts) {
@@ -167,18 +161,19 @@ std::vector<HeaderCounter> CountedLoops::readHeader(const ForStatement& loop, Af
         });
         if (step.variable == nullptr || start == starts.end() || start->value == nullptr)
             continue;
-        const isl::pw_aff one = reader.readNumber(1);
-        const isl::val size = constantOf(step.size != nullptr ? reader.read(*step.size) : one);
-        if (size.is_null() || size.is_zero() || mentions(*start->value, *step.variable) ||
+        const std::optional<isl::val> size =
+            step.size != nullptr ? reader.readNumber(*step.size) : isl::val(reader.getContext(), 1);
+        if (!size || size->is_zero() || mentions(*start->value, *step.variable) ||
             isChangedBeside(loop, *step.variable))
             continue;
-        counters.push_back({step.variable, start->value, step.isDown ? size.neg() : size});
+        counters.push_back({step.variable, start->value, step.isDown ? size->neg() : *size});
     }
     return counters;
 }
 
 bool CountedLoops::isChangedBeside(const ForStatement& loop, const VariableDeclaration& variable) const {
-    if (m_facts.isWrittenByCalls(variable) || hasQualifier(variable.getType(), Type::Volatile))
+    if (!isCountable(variable.getType()) || m_facts.isWrittenUnseen(variable) ||
+        hasQualifier(variable.getType(), Type::Volatile))
         return true;
     // One word sets it, unless its declaration does, and one steps it.
     std::size_t inHeader = 0;

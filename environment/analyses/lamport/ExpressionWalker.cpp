@@ -51,6 +51,12 @@ void ExpressionWalker::walk(ExpressionBase* expression) {
     --m_depth;
 }
 
+void ExpressionWalker::update(ExpressionBase& lvalue) {
+    locate(lvalue);
+    readPlaces(lvalue);
+    writePlaces(lvalue);
+}
+
 void ExpressionWalker::walkUnknown(TesselBase& node) {
     for (TesselBase& inner : Service::Preorder(node)) {
         auto* leaf = dynamic_cast<VariableReference*>(&inner);
@@ -105,31 +111,35 @@ void ExpressionWalker::writePlaces(const ExpressionBase& lvalue) {
 }
 
 void ExpressionWalker::locate(ExpressionBase& lvalue) {
-    if (auto* element = dynamic_cast<SubscriptExpression*>(&lvalue)) {
-        const bool isSwapped = !m_isFortran && element->getBase() != nullptr && element->getIndex() != nullptr &&
-                               m_places.pointerOf(*element->getBase(), *element->getIndex()) == element->getIndex();
-        ExpressionBase* base = isSwapped ? element->getIndex() : element->getBase();
-        if (isSwapped)
-            walk(element->getBase());
-        if (base != nullptr)
-            m_isFortran ? locate(*base) : locateBehind(*base);
-        for (std::size_t i = 0; !isSwapped && i < element->getIndexCount(); ++i)
-            walk(element->getIndex(i));
+    if (m_depth == deepestNesting) {
+        walkUnknown(lvalue);
         return;
     }
-    if (auto* member = dynamic_cast<MemberExpression*>(&lvalue)) {
-        if (member->getBase() != nullptr)
-            member->getAccess() == MemberExpression::Access::Direct ? locate(*member->getBase())
-                                                                    : locateBehind(*member->getBase());
-        return;
-    }
-    if (dynamic_cast<VariableReference*>(&lvalue) != nullptr)
-        return;
+    ++m_depth;
+    auto* member = dynamic_cast<MemberExpression*>(&lvalue);
     auto* unary = dynamic_cast<UnaryExpression*>(&lvalue);
-    if (unary != nullptr && unary->getOperator() == UnaryOperator::Dereference && unary->getOperand() != nullptr)
+    if (auto* element = dynamic_cast<SubscriptExpression*>(&lvalue))
+        locateElement(*element);
+    else if (member != nullptr && member->getBase() != nullptr)
+        member->getAccess() == MemberExpression::Access::Direct ? locate(*member->getBase())
+                                                                : locateBehind(*member->getBase());
+    else if (unary != nullptr && unary->getOperator() == UnaryOperator::Dereference && unary->getOperand() != nullptr)
         locateBehind(*unary->getOperand());
-    else
+    else if (!PlaceReader::isLvalueForm(lvalue))
         walk(&lvalue);
+    --m_depth;
+}
+
+void ExpressionWalker::locateElement(SubscriptExpression& element) {
+    if (m_places.isSwapped(element)) {
+        walk(element.getBase());
+        locateBehind(*element.getIndex());
+        return;
+    }
+    if (element.getBase() != nullptr)
+        m_isFortran ? locate(*element.getBase()) : locateBehind(*element.getBase());
+    for (std::size_t i = 0; i < element.getIndexCount(); ++i)
+        walk(element.getIndex(i));
 }
 
 void ExpressionWalker::locateBehind(ExpressionBase& pointer) {
@@ -141,9 +151,7 @@ void ExpressionWalker::locateBehind(ExpressionBase& pointer) {
         return;
     }
     auto* binary = dynamic_cast<BinaryExpression*>(&pointer);
-    if (binary != nullptr &&
-        (binary->getOperator() == BinaryOperator::Add || binary->getOperator() == BinaryOperator::Subtract)) {
-        const ExpressionBase* base = m_places.pointerOf(*binary->getLeft(), *binary->getRight());
+    if (const ExpressionBase* base = binary != nullptr ? m_places.pointerOf(*binary) : nullptr) {
         for (ExpressionBase* operand : {binary->getLeft(), binary->getRight()})
             operand == base ? locateBehind(*operand) : walk(operand);
         return;
@@ -160,9 +168,7 @@ void ExpressionWalker::visit(UnaryExpression& node) {
     if (operand == nullptr)
         return;
     if (isIncrement(node.getOperator())) {
-        locate(*operand);
-        readPlaces(*operand);
-        writePlaces(*operand);
+        update(*operand);
     } else if (node.getOperator() == UnaryOperator::AddressOf) {
         locate(*operand);
     } else if (node.getOperator() == UnaryOperator::Dereference) {
@@ -255,7 +261,7 @@ void ExpressionWalker::walkArgument(SubroutineCallExpression& call, std::size_t 
         return;
     if (m_isFortran && PlaceReader::isLvalueForm(*argument))
         locate(*argument);
-    else if (PlaceReader::isLvalueForm(*argument) && asPointer(argument->getType()) != nullptr)
+    else if (m_places.isAddress(*argument))
         locateBehind(*argument);
     else
         walk(argument);
@@ -331,12 +337,12 @@ void ExpressionWalker::visit(VariadicArgumentExpression& node) {
     ExpressionBase* list = node.getList();
     if (list == nullptr)
         return;
-    locate(*list);
-    readPlaces(*list);
-    writePlaces(*list);
+    update(*list);
 }
 
 void ExpressionWalker::visit(OpaqueExpression& node) {
+    // Its parts may be evaluated in any order: twice, each comes before each.
+    walkUnknown(node);
     walkUnknown(node);
 }
 

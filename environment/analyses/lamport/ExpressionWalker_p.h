@@ -17,6 +17,8 @@ public:
 
     /// @param expression null for a part that is left out.
     void walk(Kova::Tessel::ExpressionBase* expression);
+    /// Reads and then writes an object.
+    void update(Kova::Tessel::ExpressionBase& lvalue);
     /// Tells of all names below a node whose effect is unknown that they may be read and written.
     void walkUnknown(Kova::Tessel::TesselBase& node);
 
@@ -44,6 +46,7 @@ private:
     void writePlaces(const Kova::Tessel::ExpressionBase& lvalue);
     /// Evaluates what is needed to know which object an lvalue names, without reading the object.
     void locate(Kova::Tessel::ExpressionBase& lvalue);
+    void locateElement(Kova::Tessel::SubscriptExpression& element);
     /// Evaluates a pointer that is followed.
     void locateBehind(Kova::Tessel::ExpressionBase& pointer);
     void walkShortCircuit(Kova::Tessel::BinaryExpression& node);

@@ -54,6 +54,15 @@ isl::pw_aff lifted(const isl::pw_aff& value, unsigned loops) {
     return present == loops ? value : isl::manage(isl_pw_aff_add_dims(value.copy(), isl_dim_in, loops - present));
 }
 
+isl::set within(const isl::set& vectors, const isl::pw_aff& value, IntegerType type, bool withGreatest) {
+    const isl::ctx context = vectors.ctx();
+    const unsigned loops = loopsOf(vectors);
+    const isl::val end = powerOfTwo(context, type.isSigned ? type.bits - 1 : type.bits);
+    const isl::val first = type.isSigned ? end.neg() : isl::val(context, 0);
+    const isl::set high = vectors.intersect(value.ge_set(constantOn(context, loops, first)));
+    return withGreatest ? high.intersect(value.lt_set(constantOn(context, loops, end))) : high;
+}
+
 isl::set laterInInnermost(const isl::set& vectors) {
     const unsigned innermost = loopsOf(vectors) - 1;
     isl::map later = isl::manage(isl_map_universe(isl_space_map_from_set(isl_set_get_space(vectors.get()))));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "environment/analyses/lamport/TypeFacts_p.h"
+
 #include <isl/cpp.h>
 
 #include <string>
@@ -21,6 +23,9 @@ namespace DepGraph {
 /// The same for vectors of more loops, whose inner ones do not matter. @param loops not below those it is of.
 [[nodiscard]] isl::set lifted(const isl::set& vectors, unsigned loops);
 [[nodiscard]] isl::pw_aff lifted(const isl::pw_aff& value, unsigned loops);
+
+/// The vectors whose value is not below the type's least one nor, if asked for, above its greatest.
+[[nodiscard]] isl::set within(const isl::set& vectors, const isl::pw_aff& value, IntegerType type, bool withGreatest);
 
 /// The vectors that follow one of the given ones in the innermost loop, in the same iterations of the other loops.
 /// @param vectors of one loop at least.

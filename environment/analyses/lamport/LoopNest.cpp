@@ -4,19 +4,12 @@
 
 namespace DepGraph {
 
-isl::pw_aff LoopNest::findCounter(const Kova::Tessel::DeclarationBase& variable) const {
-    for (auto loop = m_counters.rbegin(); loop != m_counters.rend(); ++loop)
-        for (const Counter& counter : *loop)
-            if (counter.variable == &variable)
-                return lifted(counter.value, getDepth());
-    return {};
-}
-
-LoopNest LoopNest::upTo(unsigned depth) const {
-    LoopNest outer = *this;
-    outer.m_loops.resize(depth);
-    outer.m_counters.resize(depth);
-    return outer;
+std::optional<isl::pw_aff> LoopNest::findValue(const Kova::Tessel::DeclarationBase& variable) const {
+    for (auto loop = m_known.rbegin(); loop != m_known.rend(); ++loop)
+        for (auto known = loop->rbegin(); known != loop->rend(); ++known)
+            if (known->variable == &variable)
+                return lifted(known->value, getDepth());
+    return std::nullopt;
 }
 
 } // namespace DepGraph

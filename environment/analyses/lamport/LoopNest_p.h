@@ -3,6 +3,7 @@
 
 #include <isl/cpp.h>
 
+#include <optional>
 #include <vector>
 
 namespace Kova::Tessel {
@@ -12,38 +13,43 @@ class LoopStatement;
 
 namespace DepGraph {
 
-/// The loops around a point of a block, outermost first, with the values of their counters.
+/// The loops around a point of a block, outermost first, with the variables whose values are known there.
 class LoopNest {
 public:
-    struct Counter {
+    struct Known {
         const Kova::Tessel::DeclarationBase* variable;
-        /// A function of the iteration numbers of the loops up to the counter's own.
+        /// A function of the iteration numbers of the loops up to the one that it is known in.
         isl::pw_aff value;
     };
+
+    LoopNest() : m_known(1) {}
 
     [[nodiscard]] unsigned getDepth() const { return static_cast<unsigned>(m_loops.size()); }
     [[nodiscard]] const std::vector<const Kova::Tessel::LoopStatement*>& getLoops() const { return m_loops; }
 
     void enter(const Kova::Tessel::LoopStatement& loop) {
         m_loops.push_back(&loop);
-        m_counters.emplace_back();
+        m_known.emplace_back();
     }
+    /// Forgets what was known inside.
     void leave() {
         m_loops.pop_back();
-        m_counters.pop_back();
+        m_known.pop_back();
     }
-    /// Counters of the innermost loop.
-    void setCounters(std::vector<Counter> counters) { m_counters.back() = std::move(counters); }
-    [[nodiscard]] const std::vector<Counter>& getCounters() const { return m_counters.back(); }
+    /// From now on, until the innermost loop is left.
+    void setKnown(const Kova::Tessel::DeclarationBase& variable, isl::pw_aff value) {
+        m_known.back().push_back({&variable, std::move(value)});
+    }
+    /// Forgets what is known in the innermost loop alone.
+    void forgetInnermost() { m_known.back().clear(); }
 
-    /// The value as a function of all the loops' iteration numbers; null when the variable is no counter.
-    [[nodiscard]] isl::pw_aff findCounter(const Kova::Tessel::DeclarationBase& variable) const;
-    /// The outer loops alone.
-    [[nodiscard]] LoopNest upTo(unsigned depth) const;
+    /// As a function of all the loops' iteration numbers.
+    [[nodiscard]] std::optional<isl::pw_aff> findValue(const Kova::Tessel::DeclarationBase& variable) const;
 
 private:
     std::vector<const Kova::Tessel::LoopStatement*> m_loops;
-    std::vector<std::vector<Counter>> m_counters;
+    /// One list more than loops: the first is for what is known outside of all.
+    std::vector<std::vector<Known>> m_known;
 };
 
 } // namespace DepGraph

@@ -4,8 +4,8 @@
 #include "environment/analyses/lamport/Place_p.h"
 
 namespace Kova::Tessel {
+class BinaryExpression;
 class CastExpression;
-class FieldDeclaration;
 class MemberExpression;
 class SubscriptExpression;
 class UnaryExpression;
@@ -29,21 +29,30 @@ public:
 
     /// Whether the expression's value is the address of its first element.
     [[nodiscard]] bool isArrayValue(const Kova::Tessel::ExpressionBase& expression) const;
+    /// Whether the expression's value is an address, as far as types tell.
+    [[nodiscard]] bool isAddress(const Kova::Tessel::ExpressionBase& expression) const;
     /// Whether the expression names an object: a variable, an element, a member, what a pointer leads to.
     [[nodiscard]] static bool isLvalueForm(const Kova::Tessel::ExpressionBase& expression);
-    /// Which of two operands is the pointer that the other one, a number, is added to. Null for other sums.
-    [[nodiscard]] const Kova::Tessel::ExpressionBase* pointerOf(const Kova::Tessel::ExpressionBase& first,
-                                                                const Kova::Tessel::ExpressionBase& second) const;
+    /// The operand of `p + i` and `p - i` that is a pointer; null for other operations.
+    [[nodiscard]] const Kova::Tessel::ExpressionBase* pointerOf(const Kova::Tessel::BinaryExpression& sum) const;
+    /// Whether it is written `index[base]`.
+    [[nodiscard]] bool isSwapped(const Kova::Tessel::SubscriptExpression& element) const;
 
 private:
-    [[nodiscard]] std::vector<Place> readSubscript(const Kova::Tessel::SubscriptExpression& element) const;
-    [[nodiscard]] std::vector<Place> readMember(const Kova::Tessel::MemberExpression& member) const;
-    [[nodiscard]] std::vector<Place> readUnaryPointer(const Kova::Tessel::UnaryExpression& unary) const;
-    [[nodiscard]] std::vector<Place> readCast(const Kova::Tessel::CastExpression& cast) const;
-    /// The type of the object that an lvalue names; null when unknown.
-    [[nodiscard]] const Kova::Tessel::Type* typeOf(const Kova::Tessel::ExpressionBase& expression) const;
+    using Places = std::vector<Place>;
+
+    [[nodiscard]] Places readObject(const Kova::Tessel::ExpressionBase& expression) const;
+    [[nodiscard]] Places readSubscript(const Kova::Tessel::SubscriptExpression& element) const;
+    [[nodiscard]] Places readMember(const Kova::Tessel::MemberExpression& member) const;
+    [[nodiscard]] Places readOtherPointer(const Kova::Tessel::ExpressionBase& expression) const;
+    [[nodiscard]] Places readUnaryPointer(const Kova::Tessel::UnaryExpression& unary) const;
+    [[nodiscard]] Places readCast(const Kova::Tessel::CastExpression& cast) const;
+    [[nodiscard]] Places readFollowed(const Kova::Tessel::ExpressionBase& pointer) const;
+    [[nodiscard]] Places readUnknown(const Kova::Tessel::ExpressionBase& expression) const;
+    [[nodiscard]] bool isArray(const Place& place, const Kova::Tessel::ExpressionBase& lvalue) const;
 
     bool m_isFortran;
+    mutable int m_nesting = 0;
 };
 
 } // namespace DepGraph

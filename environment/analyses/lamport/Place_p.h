@@ -4,6 +4,7 @@
 #include "environment/analyses/lamport/AccessModel_p.h"
 
 namespace Kova::Tessel {
+class FieldDeclaration;
 class RecordDeclaration;
 class Type;
 class VariableReference;
@@ -20,7 +21,8 @@ struct IndexSum {
     std::vector<Term> terms;
 };
 
-/// What an lvalue names, or may name, as far as its form tells.
+/// What an lvalue names, or may name, as far as its form tells. Made of a variable's word, then changed step by step as
+/// the form says.
 struct Place {
     /// The word that is printed for it.
     const Kova::Tessel::VariableReference* leaf = nullptr;
@@ -36,11 +38,31 @@ struct Place {
     const Kova::Tessel::Type* type = nullptr;
     /// Whether the last step chose an element, so that pointer arithmetic chooses another one.
     bool endsInSubscript = false;
-    /// Whether further subscripts or members make no difference: the place stands for all there is.
+    /// Whether further subscripts make no difference: the place stands for all elements.
     bool isWhole = false;
     bool isInUnion = false;
     /// The structures on the way, to recognise those that lead back to their like.
     std::vector<const Kova::Tessel::RecordDeclaration*> records;
+
+    /// The variable that a word names.
+    [[nodiscard]] static Place of(const Kova::Tessel::VariableReference& word);
+
+    /// From an array to its first element.
+    void decay();
+    /// From a pointer to what it leads to. @param pointer the place's lvalue.
+    void follow(const Kova::Tessel::ExpressionBase& pointer);
+    /// To a member. @param member the expression that chooses it.
+    void choose(const Kova::Tessel::FieldDeclaration& field, const Kova::Tessel::ExpressionBase& member);
+    /// To another element, by pointer arithmetic or a subscript.
+    void addToIndex(const Kova::Tessel::ExpressionBase& term, bool isSubtracted);
+    /// To all elements, since it is not known which. The first doubt stays.
+    void makeWhole(Assumption why);
+    void doubt(Assumption why);
+
+private:
+    [[nodiscard]] bool isFirstElement() const;
+    [[nodiscard]] bool leadsBack(const Kova::Tessel::Type* target) const;
+    void startSubscript();
 };
 
 } // namespace DepGraph

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/DeclarationStatement.h"
 #include "environment/tessel/EnumDeclaration.h"
 #include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/RecordDeclaration.h"
@@ -138,12 +139,39 @@ bool embeds(const RecordDeclaration& whole, const RecordDeclaration& part) {
 
 } // namespace
 
+std::optional<std::uint64_t> sizeOf(const Type* type) {
+    // Of the machines that the front ends read for.
+    constexpr std::uint64_t pointerSize = 8;
+    std::uint64_t count = 1;
+    for (const ArrayType* array = asArray(type); array != nullptr; array = asArray(type)) {
+        for (const ArrayDimension& dimension : array->getDimensions()) {
+            if (dimension.kind != ArrayDimension::Extent::Constant || dimension.extent > UINT32_MAX ||
+                count > UINT32_MAX)
+                return std::nullopt;
+            count *= dimension.extent;
+        }
+        type = array->getElement();
+    }
+    if (asPointer(type) != nullptr)
+        return count * pointerSize;
+    const auto* basic = dynamic_cast<const BasicType*>(behindNames(type));
+    if (basic == nullptr || basic->getBits() == 0)
+        return std::nullopt;
+    return count * ((basic->getBits() + 7) / 8);
+}
+
 bool isPartOf(const RecordDeclaration& first, const RecordDeclaration& second) {
     return embeds(first, second) || embeds(second, first);
 }
 
 bool isArrayParameter(const VariableDeclaration& variable) {
     return variable.isParameter() && asArray(variable.getType()) != nullptr;
+}
+
+bool isAutomatic(const VariableDeclaration& variable) {
+    const StorageClass storage = variable.getStorageClass();
+    return dynamic_cast<const DeclarationStatement*>(variable.getParent()) != nullptr &&
+           (storage == StorageClass::None || storage == StorageClass::Auto || storage == StorageClass::Register);
 }
 
 std::optional<IntegerType> asInteger(const Type* type) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 namespace Kova::Tessel {
@@ -31,12 +32,17 @@ namespace DepGraph {
 [[nodiscard]] bool isSameObjectType(const Kova::Tessel::Type* first, const Kova::Tessel::Type* second);
 /// Whether a value of the type holds a pointer anywhere; true when unknown.
 [[nodiscard]] bool holdsPointer(const Kova::Tessel::Type* type);
+/// In bytes; none for structures, variable arrays and when unknown.
+[[nodiscard]] std::optional<std::uint64_t> sizeOf(const Kova::Tessel::Type* type);
 /// Whether one of the two structures is the other or a part of it.
 [[nodiscard]] bool isPartOf(const Kova::Tessel::RecordDeclaration& first,
                             const Kova::Tessel::RecordDeclaration& second);
 
 /// A parameter that is declared as an array is a pointer where it is used.
 [[nodiscard]] bool isArrayParameter(const Kova::Tessel::VariableDeclaration& variable);
+
+/// Whether the variable is made anew wherever its declaration is executed.
+[[nodiscard]] bool isAutomatic(const Kova::Tessel::VariableDeclaration& variable);
 
 struct IntegerType {
     bool isSigned = true;
@@ -45,5 +51,9 @@ struct IntegerType {
 };
 /// None for what is no integer and when unknown.
 [[nodiscard]] std::optional<IntegerType> asInteger(const Kova::Tessel::Type* type);
+/// Whether a value of the type may be read as a number. What is not known is taken for a signed integer.
+[[nodiscard]] inline bool isCountable(const Kova::Tessel::Type* type) {
+    return type == nullptr || asInteger(type).has_value();
+}
 
 } // namespace DepGraph

@@ -29,18 +29,10 @@ std::string textOf(const Place& place) {
     return text;
 }
 
-/// @param withWide whether to keep to the limits of wide types too, which programs hardly reach.
-isl::set within(const isl::set& vectors, const isl::pw_aff& value, IntegerType type, bool withWide) {
-    const isl::ctx context = vectors.ctx();
-    const bool isNarrow = type.bits < 32;
-    const isl::val end = powerOfTwo(context, type.isSigned ? type.bits - 1 : type.bits);
-    const isl::val first = type.isSigned ? end.neg() : isl::val(context, 0);
-    isl::set result = vectors;
-    if (withWide || isNarrow || !type.isSigned)
-        result = result.intersect(value.ge_set(constantOn(context, loopsOf(vectors), first)));
-    if (withWide || isNarrow)
-        result = result.intersect(value.lt_set(constantOn(context, loopsOf(vectors), end)));
-    return result;
+bool involves(const isl::set& vectors, const std::string& unknown) {
+    const int position = isl_set_find_dim_by_name(vectors.get(), isl_dim_param, unknown.c_str());
+    return position >= 0 &&
+           isl_set_involves_dims(vectors.get(), isl_dim_param, static_cast<unsigned>(position), 1) == isl_bool_true;
 }
 
 } // namespace
@@ -67,14 +59,20 @@ isl::set Unknowns::rangesOn(isl::ctx context, unsigned loops) const {
     return ranges;
 }
 
-isl::set Unknowns::withinTypes(isl::set vectors) const {
+isl::set Unknowns::withinTypes(isl::set vectors, const std::vector<std::optional<isl::pw_aff>>& values) const {
+    const isl::set original = vectors;
     for (const Unknown& unknown : m_unknowns) {
         const std::optional<IntegerType> type = asInteger(unknown.type);
-        const int position = isl_set_find_dim_by_name(vectors.get(), isl_dim_param, unknown.name.c_str());
-        const bool isMet = position >= 0 && isl_set_involves_dims(vectors.get(), isl_dim_param,
-                                                                  static_cast<unsigned>(position), 1) == isl_bool_true;
-        if (type && type->bits != 0 && isMet)
-            vectors = within(vectors, unknownOn(vectors.ctx(), loopsOf(vectors), unknown.name), *type, false);
+        // The limits of wide signed types are far from what programs reach.
+        if (!type || type->bits == 0 || (type->isSigned && type->bits >= 32))
+            continue;
+        const bool isMet =
+            involves(original, unknown.name) ||
+            std::any_of(values.begin(), values.end(), [&unknown](const std::optional<isl::pw_aff>& value) {
+                return value && value->involves_param(unknown.name);
+            });
+        if (isMet)
+            vectors = within(vectors, unknownOn(vectors.ctx(), loopsOf(vectors), unknown.name), *type, type->bits < 32);
     }
     return vectors;
 }

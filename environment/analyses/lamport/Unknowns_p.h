@@ -23,9 +23,10 @@ public:
     /// All values that the types of the named unknowns hold; no constraint where a type is not known.
     /// @param loops of the vectors that the set is of.
     [[nodiscard]] isl::set rangesOn(isl::ctx context, unsigned loops) const;
-    /// The vectors without those where an unknown of the set has a value that its type does not hold: a negative one of
-    /// an unsigned type, a large one of a narrow type. The limits of wide types are left alone.
-    [[nodiscard]] isl::set withinTypes(isl::set vectors) const;
+    /// The vectors without those where an unknown that they or the values depend on is beyond its type: a negative one
+    /// of an unsigned type, a large one of a narrow type. The limits of wide types are left alone.
+    /// @param values functions of the vectors, as far as they are known.
+    [[nodiscard]] isl::set withinTypes(isl::set vectors, const std::vector<std::optional<isl::pw_aff>>& values) const;
 
 private:
     struct Unknown {
