@@ -22,9 +22,7 @@ void PortList::release(int heldNumber) {
     ++m_gaps;
 }
 
-void PortList::settle() {
-    if (m_gaps == 0)
-        return;
+void PortList::closeGaps() {
     m_ports.erase(std::remove_if(m_ports.begin(), m_ports.end(), [](const Port& port) { return port.edge == nullptr; }),
                   m_ports.end());
     m_gaps = 0;

@@ -31,13 +31,18 @@ public:
     /// Takes away the port with the number that the edge holds at present. Numbers of no port are ignored.
     void release(int heldNumber);
     /// Closes gaps and tells the edges their numbers if there are gaps.
-    void settle();
+    void settle() {
+        if (m_gaps != 0)
+            closeGaps();
+    }
     /// Tells all edges their numbers.
     void number();
     /// Without gaps.
     [[nodiscard]] std::vector<Port>& ports();
 
 private:
+    void closeGaps();
+
     int m_sign;
     std::vector<Port> m_ports;
     std::size_t m_gaps = 0;

@@ -123,7 +123,6 @@ private:
     void drag(const QPoint& point, Qt::KeyboardModifiers modifiers);
     void hover(QMouseEvent* event);
     [[nodiscard]] int probeEdge(const QPoint& point) const;
-    [[nodiscard]] bool areJoined(int upperY, int lowerY) const;
     void fitHeight();
     void fitWidth();
     void drawNodes(QPainter& painter, const QRectF* area) const;

@@ -21,27 +21,34 @@ QRectF reachOf(const NodeBase& node, int charWidth, int lineHeight) {
     return cells.united(rect).translated(node.getPos()).adjusted(-lineHeight, -lineHeight, lineHeight, lineHeight);
 }
 
-/// Room for the control points of arcs and loops and for the arrowhead, found without tracing the curve.
-double roughReach(int shapeType, const QPointF& span) {
-    constexpr double arrowhead = 16.0;
-    const double arc = shapeType == 2 ? (std::abs(span.x()) + std::abs(span.y())) / 3.0 : 0.0;
-    return arrowhead + arc;
+/// From the ports of a loop to the control points left of its node.
+double loopRoom(const EdgeBase& edge) {
+    return 20.0 + std::abs(static_cast<double>(edge.getFrom()->getRect().width()));
 }
 
+/// Longer than an arrowhead.
+constexpr double arrowRoom = 16.0;
+
+bool touches(const ArrowCurve& curve, const QRectF& area, double margin) {
+    return controlRect(curve).adjusted(-margin, -margin, margin, margin).intersects(area) &&
+           stripTouches(curve, area, margin);
+}
+
+/// Whether an edge may draw into the area. Takes the angles of arrows and arcs into account only where that is worth
+/// their computation.
 bool mayTouch(const EdgeBase& edge, const QRectF& area) {
     const std::optional<double> margin = strokeMargin(edge.getPen());
     if (!margin)
         return true;
-    if (edge.getShapeType() != 3) {
-        const QPointF from = edge.getFrom()->getPortCoords(edge.getPort(EdgeSide::From));
-        const QPointF to = edge.getTo()->getPortCoords(edge.getPort(EdgeSide::To));
-        const double room = *margin + roughReach(edge.getShapeType(), to - from);
-        if (!QRectF(from, to).normalized().adjusted(-room, -room, room, room).intersects(area))
-            return false;
-    }
-    const ArrowCurve curve = edge.getCurve();
-    const QRectF reach = controlRect(curve).adjusted(-*margin, -*margin, *margin, *margin);
-    return reach.intersects(area) && stripTouches(curve, area, *margin);
+    const QPoint from = edge.getFrom()->getPortCoords(edge.getPort(EdgeSide::From));
+    const QPoint to = edge.getTo()->getPortCoords(edge.getPort(EdgeSide::To));
+    if (edge.getShapeType() == 1)
+        return touches({from, from, from, to, {to, to}}, area, *margin + arrowRoom);
+    // Arcs and loops are curves whose control points are at most so far from their ends.
+    const double swing = edge.getShapeType() == 2 ? std::abs(to.x() - static_cast<double>(from.x())) : loopRoom(edge);
+    const double room = *margin + arrowRoom + swing + std::abs(to.y() - static_cast<double>(from.y()));
+    return QRectF(from, to).normalized().adjusted(-room, -room, room, room).intersects(area) &&
+           touches(edge.getCurve(), area, *margin);
 }
 
 } // namespace

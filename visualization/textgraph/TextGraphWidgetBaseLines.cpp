@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
+#include <vector>
 
 namespace Kova::GUI::TextGraph {
 
@@ -14,6 +16,61 @@ namespace {
 
 /// How much farther apart lines are when an edge joins them.
 constexpr int edgeRoom = 50;
+
+/// Whether an edge joins what is at the height of a line to what is at the height of the next one, while lines are
+/// moved down from the top.
+class JoinedHeights {
+public:
+    JoinedHeights(const QList<NodesLine>& lines, const EdgesList& edges)
+        : m_lines(lines),
+          m_edges(edges),
+          m_isOrderly(isOrderly(lines)) {
+        if (!m_isOrderly)
+            return;
+        for (const NodesLine& line : lines)
+            m_heights.push_back(line.y);
+        for (const EdgeBase* edge : edges)
+            m_pairs.emplace_back(std::minmax({heightOf(edge->getFrom()), heightOf(edge->getTo())}));
+        std::sort(m_pairs.begin(), m_pairs.end());
+    }
+
+    /// A line has moved as far as the next one when its turn comes, and those above it less far. So only its own nodes
+    /// are at its height, and the heights from before tell who is joined, unless the lines were in disorder.
+    [[nodiscard]] bool areJoined(int line) const {
+        if (!m_isOrderly)
+            return areJoinedNow(m_lines.at(line).y, m_lines.at(line + 1).y);
+        const auto index = static_cast<std::size_t>(line);
+        return std::binary_search(m_pairs.begin(), m_pairs.end(), std::pair(m_heights[index], m_heights[index + 1]));
+    }
+
+private:
+    static int heightOf(const NodeBase* node) { return node->getPos().y(); }
+
+    static bool isOrderly(const QList<NodesLine>& lines) {
+        for (int i = 0; i < lines.size(); ++i) {
+            if (i > 0 && lines.at(i).y <= lines.at(i - 1).y)
+                return false;
+            for (const NodeBase* node : lines.at(i).nodes) {
+                if (heightOf(node) != lines.at(i).y)
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool areJoinedNow(int height, int next) const {
+        const std::pair<int, int> wanted = std::minmax({height, next});
+        return std::any_of(m_edges.begin(), m_edges.end(), [&](const EdgeBase* edge) {
+            return std::minmax({heightOf(edge->getFrom()), heightOf(edge->getTo())}) == wanted;
+        });
+    }
+
+    const QList<NodesLine>& m_lines;
+    const EdgesList& m_edges;
+    bool m_isOrderly;
+    std::vector<int> m_heights;
+    std::vector<std::pair<int, int>> m_pairs;
+};
 
 enum PortOrder : int { StraightEdges = 1, AllEdges = 4 };
 
@@ -63,17 +120,10 @@ void TextGraphWidgetBase::fitHeight() {
         setGraphSize(getGraphSize().width(), saturated(qint64{m_lines.last().y} + m_lineHeight));
 }
 
-bool TextGraphWidgetBase::areJoined(int upperY, int lowerY) const {
-    return std::any_of(m_edges.begin(), m_edges.end(), [&](const EdgeBase* edge) {
-        const int fromY = edge->getFrom()->getPos().y();
-        const int toY = edge->getTo()->getPos().y();
-        return (fromY == upperY && toY == lowerY) || (fromY == lowerY && toY == upperY);
-    });
-}
-
 void TextGraphWidgetBase::moveCloseLinesApart() {
+    const JoinedHeights joined(m_lines, m_edges);
     for (int i = 0; i + 1 < m_lines.size(); ++i) {
-        if (areJoined(m_lines.at(i).y, m_lines.at(i + 1).y))
+        if (joined.areJoined(i))
             shiftLines(i + 1, edgeRoom);
     }
     // Every line can be scrolled to and is exported.

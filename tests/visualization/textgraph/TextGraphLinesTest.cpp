@@ -3,6 +3,7 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 
@@ -237,6 +238,45 @@ private Q_SLOTS:
         graph.moveCloseLinesApart();
         // 0-1 joined: 1, 2, 3 by 50; the third and the fourth are not.
         QCOMPARE(ysOf(graph), shifted(start, 1, 50));
+    }
+
+    /// Against looking at every edge for every line.
+    void linesMoveApartAsWrittenDown() {
+        for (unsigned seed = 0; seed < 60; ++seed) {
+            TestTextGraph graph;
+            TestTextGraph twin;
+            for (TestTextGraph* each : {&graph, &twin}) {
+                std::mt19937 generator(seed);
+                const auto any = [&](int low, int high) {
+                    return std::uniform_int_distribution<int>(low, high)(generator);
+                };
+                const int lineCount = any(1, 15);
+                each->addText(QStringList(QVector<QString>(lineCount, QStringLiteral("a b")).toList()));
+                for (int i = any(0, 12); i > 0; --i) {
+                    const int line = any(0, lineCount - 1);
+                    each->join(each->node(line, 0), each->node(std::clamp(line + any(-2, 2), 0, lineCount - 1), 1));
+                }
+                // Lines close together; in every third text at any height, with nodes beside them.
+                for (int line = 0; line < lineCount; ++line)
+                    each->lines()[line].setY(seed % 3 == 0 ? any(0, 8) * 50 : each->getLines().at(line).y - line * 3);
+                if (seed % 6 == 0)
+                    each->node(0, 0)->setPos(QPoint(0, any(0, 8) * 50));
+            }
+            graph.moveCloseLinesApart();
+            for (int i = 0; i + 1 < twin.getLines().size(); ++i) {
+                const int upper = twin.getLines().at(i).y;
+                const int lower = twin.getLines().at(i + 1).y;
+                bool joined = false;
+                for (const EdgeBase* edge : twin.getEdges()) {
+                    const int from = edge->getFrom()->getPos().y();
+                    const int to = edge->getTo()->getPos().y();
+                    joined |= (from == upper && to == lower) || (from == lower && to == upper);
+                }
+                if (joined)
+                    twin.shiftLines(i + 1, 50);
+            }
+            QCOMPARE(ysOf(graph), ysOf(twin));
+        }
     }
 
     void reorderSortsOneKindOrAll() {
