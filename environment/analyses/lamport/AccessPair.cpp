@@ -24,7 +24,7 @@ AccessPair orderAccesses(const std::vector<Access>& accesses, std::size_t source
     const Access& second = accesses[target];
     const std::size_t common = countCommonLoops(first, second);
     return {source, target, common,
-            first.occurrence != second.occurrence && isInOrder(accesses, source, target, common)};
+            first.occurrence != second.occurrence && isInOrder(accesses, source, target, common), 0};
 }
 
 std::vector<int> listCarriers(const AccessPair& pair) {
@@ -32,7 +32,7 @@ std::vector<int> listCarriers(const AccessPair& pair) {
     carriers.reserve(pair.commonLoops + (pair.inOrder ? 1 : 0));
     if (pair.inOrder)
         carriers.push_back(withinIteration);
-    for (std::size_t loop = 1; loop <= pair.commonLoops; ++loop)
+    for (std::size_t loop = pair.ownLoops + 1; loop <= pair.commonLoops; ++loop)
         carriers.push_back(static_cast<int>(loop));
     return carriers;
 }

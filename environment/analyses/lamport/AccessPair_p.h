@@ -17,6 +17,9 @@ struct AccessPair {
     std::size_t commonLoops = 0;
     /// Whether the source comes first within one iteration of all common loops, and is another occurrence.
     bool inOrder = false;
+    /// How many of the common loops are around the variable's declaration: each of their iterations has a variable of
+    /// its own.
+    std::size_t ownLoops = 0;
 };
 
 /// How many loops, from the outermost, are around both accesses.

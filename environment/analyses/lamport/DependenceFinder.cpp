@@ -53,8 +53,8 @@ void unite(DependenceFacts& facts, const DependenceFacts& other) {
 
 } // namespace
 
-DependenceFinder::DependenceFinder(const std::vector<Access>& accesses, const Kova::Tessel::TesselBase* disorder,
-                                   bool withInput)
+DependenceFinder::DependenceFinder(const std::vector<Access>& accesses, const std::vector<Access>& declarations,
+                                   const Kova::Tessel::TesselBase* disorder, bool withInput)
     : m_accesses(accesses),
       m_disorder(disorder),
       m_withInput(withInput) {
@@ -66,6 +66,21 @@ DependenceFinder::DependenceFinder(const std::vector<Access>& accesses, const Ko
         m_ofVariable.resize(variables.size());
         m_ofVariable[m_variables.back()].push_back(i);
     }
+    m_ownLoops.assign(variables.size(), 0);
+    for (const Access& declaration : declarations) {
+        const auto variable = variables.find(declaration.memory.variable);
+        if (variable != variables.end())
+            m_ownLoops[variable->second] = declaration.loops.size();
+    }
+}
+
+AccessPair DependenceFinder::makePair(std::size_t source, std::size_t target) const {
+    AccessPair pair = orderAccesses(m_accesses, source, target);
+    const Memory& memory = m_accesses[source].memory;
+    // What a pointer leads to does not come and go with the pointer.
+    if (!memory.pointee && !memory.loaded)
+        pair.ownLoops = std::min(m_ownLoops[m_variables[source]], pair.commonLoops);
+    return pair;
 }
 
 void DependenceFinder::find(PairTest& test, const std::function<void(DependenceFacts)>& use) const {
@@ -98,7 +113,7 @@ void DependenceFinder::findFrom(std::size_t source, PairTest& test, std::vector<
         const Access& second = m_accesses[target];
         if ((!first.writes && !second.writes && !m_withInput) || !mayMeet(first.memory, second.memory))
             continue;
-        const AccessPair pair = orderAccesses(m_accesses, source, target);
+        const AccessPair pair = makePair(source, target);
         if (std::optional<PairFacts> facts = testPair(test, pair))
             found.push_back({m_occurrences[target], makeFacts(pair, std::move(*facts))});
     }

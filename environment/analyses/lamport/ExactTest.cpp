@@ -29,13 +29,13 @@ isl::map addSubscript(const isl::map& elements, const isl::pw_aff& function) {
 
 bool ExactTest::Key::operator==(const Key& other) const {
     return source == other.source && target == other.target && commonLoops == other.commonLoops &&
-           inOrder == other.inOrder && ordered == other.ordered;
+           ownLoops == other.ownLoops && inOrder == other.inOrder && ordered == other.ordered;
 }
 
 std::size_t ExactTest::KeyHash::operator()(const Key& key) const {
     const std::size_t pair = (static_cast<std::size_t>(key.source) << 32) | key.target;
-    return std::hash<std::size_t>()(pair * 0x9e3779b97f4a7c15 + key.commonLoops * 4 + (key.inOrder ? 2 : 0) +
-                                    (key.ordered ? 1 : 0));
+    return std::hash<std::size_t>()(pair * 0x9e3779b97f4a7c15 + (key.commonLoops * 256 + key.ownLoops) * 4 +
+                                    (key.inOrder ? 2 : 0) + (key.ordered ? 1 : 0));
 }
 
 ExactTest::ExactTest(isl::ctx context, const AccessShapes& shapes, unsigned long operations, Means means)
@@ -62,6 +62,12 @@ const isl::map& ExactTest::getElements(std::size_t access, std::size_t subscript
     return wanted = result;
 }
 
+bool ExactTest::isSingleElement(std::size_t access) const {
+    const std::vector<const SubscriptShape*>& subscripts = m_shapes.getShape(access).subscripts;
+    return std::none_of(subscripts.begin(), subscripts.end(),
+                        [](const SubscriptShape* subscript) { return subscript->function.is_null(); });
+}
+
 isl::map ExactTest::findMeetings(const AccessPair& pair) {
     const std::size_t subscripts =
         std::min(m_shapes.getShape(pair.source).subscripts.size(), m_shapes.getShape(pair.target).subscripts.size());
@@ -84,8 +90,12 @@ std::optional<PairFacts> ExactTest::testUnordered(const AccessPair& pair) {
 }
 
 std::optional<PairFacts> ExactTest::lookUp(const AccessPair& pair, const QuickTests& tests, bool ordered) {
-    const Key key{m_shapes.getShape(pair.source).number, m_shapes.getShape(pair.target).number, pair.commonLoops,
-                  pair.inOrder, ordered};
+    const Key key{m_shapes.getShape(pair.source).number,
+                  m_shapes.getShape(pair.target).number,
+                  pair.commonLoops,
+                  pair.ownLoops,
+                  pair.inOrder,
+                  ordered};
     const auto known = m_decided.find(key);
     if (known != m_decided.end())
         return known->second;

@@ -26,12 +26,15 @@ public:
     /// From the iterations of the access to the values of the subscripts, as many as wanted: what is not known of
     /// them, and those that it does not have, may have any value.
     [[nodiscard]] const isl::map& getElements(std::size_t access, std::size_t subscripts);
+    /// Whether all its subscripts are known, so that it touches one element in each iteration.
+    [[nodiscard]] bool isSingleElement(std::size_t access) const;
 
 private:
     struct Key {
         std::uint32_t source;
         std::uint32_t target;
         std::size_t commonLoops;
+        std::size_t ownLoops;
         bool inOrder;
         bool ordered;
 

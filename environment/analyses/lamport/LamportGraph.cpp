@@ -54,7 +54,7 @@ void LamportGraph::Refine(EN_RefineMethod method) {
     }
     ExactTest exact(context, shapes);
     if (method == RM_VALUE_BASED) {
-        const DependenceFinder finder(accesses, m_model->getDisorder(), m_withInput);
+        const DependenceFinder finder(accesses, m_model->getDeclarations(), m_model->getDisorder(), m_withInput);
         ValueBasedTest test(context, accesses, shapes, finder, exact);
         findArrows(test);
         return;
@@ -71,8 +71,9 @@ void LamportGraph::Clear() {
 void LamportGraph::findArrows(PairTest& test) {
     m_arrows.clear();
     m_owned.clear();
-    DependenceFinder(m_model->getAccesses(), m_model->getDisorder(), m_withInput)
-        .find(test, [&](DependenceFacts facts) { m_arrows.push_back(&m_owned.emplace_back(std::move(facts))); });
+    const DependenceFinder finder(m_model->getAccesses(), m_model->getDeclarations(), m_model->getDisorder(),
+                                  m_withInput);
+    finder.find(test, [&](DependenceFacts facts) { m_arrows.push_back(&m_owned.emplace_back(std::move(facts))); });
 }
 
 } // namespace DepGraph

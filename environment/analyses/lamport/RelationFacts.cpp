@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/ConditionText_p.h"
 #include "environment/analyses/lamport/IslBound_p.h"
+#include "environment/analyses/lamport/LevelCut_p.h"
 #include "environment/analyses/lamport/RelationFacts_p.h"
 
-#include <isl/map.h>
 #include <isl/set.h>
 
 #include <algorithm>
 
 namespace DepGraph {
 namespace {
-
-/// The pairs in the same iteration of a loop.
-isl::map cutSame(isl::map relation, std::size_t loop) {
-    const int position = static_cast<int>(loop);
-    return isl::manage(isl_map_equate(relation.release(), isl_dim_in, position, isl_dim_out, position));
-}
-
-/// The pairs with the target in a later iteration of a loop.
-isl::map cutLater(isl::map relation, std::size_t loop) {
-    const int position = static_cast<int>(loop);
-    return isl::manage(isl_map_order_lt(relation.release(), isl_dim_in, position, isl_dim_out, position));
-}
 
 isl::map dropLoops(isl::map relation, isl_dim_type type, std::size_t first) {
     const auto from = static_cast<unsigned>(first);

@@ -3,6 +3,7 @@
 
 #include "environment/analyses/lamport/DependenceFinder_p.h"
 #include "environment/analyses/lamport/ExactTest_p.h"
+#include "environment/analyses/lamport/KilledPairs_p.h"
 
 namespace DepGraph {
 
@@ -11,8 +12,8 @@ namespace DepGraph {
 /// assumption never ends what came before it.
 class ValueBasedTest final : public PairTest {
 public:
-    /// What isl may spend on all that one access depends on.
-    static constexpr unsigned long defaultOperations = 10'000'000;
+    /// What isl may spend on one pair.
+    static constexpr unsigned long defaultOperations = 1'000'000;
 
     /// All but the context kept by reference. @param exact tells which pairs meet at all.
     ValueBasedTest(isl::ctx context, const std::vector<Access>& accesses, const AccessShapes& shapes,
@@ -34,7 +35,7 @@ private:
 
     [[nodiscard]] std::vector<Source> findSources(std::size_t target);
     [[nodiscard]] Flows findFlows(std::size_t target);
-    [[nodiscard]] Flows findWithIsl(std::size_t target, const std::vector<Source>& sources);
+    [[nodiscard]] std::optional<PairFacts> findFlow(Source& source, const std::vector<std::size_t>& writes);
     [[nodiscard]] bool isStraight(std::size_t target, const std::vector<Source>& sources) const;
     [[nodiscard]] Flows scanStraight(std::size_t target, std::vector<Source> sources) const;
     [[nodiscard]] bool covers(std::size_t write, const AccessPair& pair) const;
@@ -45,6 +46,7 @@ private:
     const DependenceFinder& m_finder;
     ExactTest& m_exact;
     unsigned long m_operations;
+    KilledPairs m_killed;
     /// For each access what it depends on, once it has been asked for.
     std::vector<std::optional<Flows>> m_flows;
 };
