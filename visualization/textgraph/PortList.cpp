@@ -16,7 +16,7 @@ void PortList::add(EdgeBase* edge, EdgeSide side) {
 void PortList::release(int heldNumber) {
     // A gap keeps its place until it is closed, so that the numbers which the other edges hold stay true.
     const auto index = static_cast<std::size_t>(std::abs(static_cast<long>(heldNumber))) - 1;
-    if (index >= m_ports.size() || m_ports[index].edge == nullptr)
+    if (index >= m_ports.size())
         return;
     m_ports[index].edge = nullptr;
     ++m_gaps;

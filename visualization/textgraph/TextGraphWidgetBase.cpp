@@ -67,15 +67,16 @@ void TextGraphWidgetBase::updateMap() {
     if (!m_builded)
         return;
     const auto count = static_cast<std::size_t>(m_edges.size());
-    bool changed = m_mapped.size() != count;
-    m_mapped.resize(count);
+    bool changed = m_mappedCurves.size() != count;
+    // Hidden edges and those that were never mapped have the same curve, and the same empty entry.
+    m_mappedCurves.resize(count);
     m_hitMap.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
         const EdgeBase& edge = *m_edges.at(static_cast<int>(i));
-        const MappedEdge now{edge.isVisible() ? edge.getShapeType() : 0, edge.getCurve()};
-        if (now.shapeType == m_mapped[i].shapeType && now.curve == m_mapped[i].curve)
+        const ArrowCurve curve = edge.getCurve();
+        if (curve == m_mappedCurves[i])
             continue;
-        m_mapped[i] = now;
+        m_mappedCurves[i] = curve;
         m_hitMap.setPath(i, edge.getShape());
         changed = true;
     }

@@ -111,12 +111,6 @@ protected:
     [[nodiscard]] QPoint heldNode() const { return m_pressedNode; }
 
 private:
-    /// An edge as the hit map has it.
-    struct MappedEdge {
-        int shapeType = -1; ///< 0 while hidden
-        ArrowCurve curve;
-    };
-
     void destroyItems();
     [[nodiscard]] QPoint scenePoint(const QMouseEvent& event) const;
     [[nodiscard]] bool isHolding() const { return m_pressedNode.x() != -1 && m_pressedNode.y() != -1; }
@@ -135,7 +129,8 @@ private:
     QPoint m_pressedNode{-1, -1};
     QMenu m_menu;
     EdgeHitMap m_hitMap;
-    std::vector<MappedEdge> m_mapped;
+    // As the hit map has them.
+    std::vector<ArrowCurve> m_mappedCurves;
     int m_selectedEdge = -1;
     QFont m_font;
     int m_charWidth = 0;

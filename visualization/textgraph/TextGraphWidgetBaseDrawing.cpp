@@ -34,10 +34,10 @@ bool touches(const ArrowCurve& curve, const QRectF& area, double margin) {
            stripTouches(curve, area, margin);
 }
 
-/// Whether an edge may draw into the area. Takes the angles of arrows and arcs into account only where that is worth
-/// their computation.
-bool mayTouch(const EdgeBase& edge, const QRectF& area) {
-    const std::optional<double> margin = strokeMargin(edge.getPen());
+/// Whether an edge may draw into the area with that pen. Takes the angles of arrows and arcs into account only where
+/// that is worth their computation.
+bool mayTouch(const EdgeBase& edge, const QPen& pen, const QRectF& area) {
+    const std::optional<double> margin = strokeMargin(pen);
     if (!margin)
         return true;
     const QPoint from = edge.getFrom()->getPortCoords(edge.getPort(EdgeSide::From));
@@ -73,7 +73,8 @@ void TextGraphWidgetBase::drawEdges(QPainter& painter, const QRectF* area) const
     for (int i = 0; i < m_edges.size(); ++i) {
         const EdgeBase& edge = *m_edges.at(i);
         const bool selected = i == m_selectedEdge;
-        if (!area || selected || (edge.isVisible() && mayTouch(edge, *area)))
+        const QPen& pen = selected ? edge.getSelectedPen() : edge.getPen();
+        if (!area || (edge.isVisible() && mayTouch(edge, pen, *area)))
             edge.draw(painter, selected);
     }
 }

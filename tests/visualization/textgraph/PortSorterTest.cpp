@@ -171,6 +171,29 @@ private Q_SLOTS:
         QCOMPARE(graph.edges[2]->getPort(EdgeSide::From), 1);
     }
 
+    void edgesToOnePortStay() {
+        TwinGraph graph;
+        const auto top = graph.addNode(QPoint(0, 20), textRect(90));
+        const auto bottom = graph.addNode(QPoint(0, 100), textRect(90));
+        graph.addEdge(top, bottom);
+        graph.addEdge(top, bottom);
+        graph.edges[1]->setPort(EdgeSide::To, -1);
+        graph.nodes[top]->reorder(1);
+        QCOMPARE(graph.numbers(EdgeSide::From), (std::vector<int>{1, 2}));
+    }
+
+    /// Products of such distances do not fit 64 bits.
+    void crossingsAreFoundAtAnyDistance() {
+        TwinGraph graph;
+        const auto top = graph.addNode(QPoint(0, -2000000000), textRect(90));
+        const auto right = graph.addNode(QPoint(2000000000, 2000000000), textRect(90));
+        const auto left = graph.addNode(QPoint(-2000000000, 2000000000), textRect(90));
+        graph.addEdge(top, right);
+        graph.addEdge(top, left);
+        graph.nodes[top]->reorder(1);
+        QCOMPARE(graph.numbers(EdgeSide::From), (std::vector<int>{2, 1}));
+    }
+
     void loopsGoToTheLeft() {
         TwinGraph graph;
         const auto node = graph.addNode(QPoint(0, 100), textRect(90));

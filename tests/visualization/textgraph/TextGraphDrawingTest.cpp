@@ -96,11 +96,12 @@ struct View {
     double scale;
     QPoint scroll;
     QRect exposed;
+    QSize size = QSize(500, 400);
 };
 
 /// What is asked for of the picture, by the widget or by drawing everything.
 QImage paint(TestTextGraph& graph, const View& view, bool everything) {
-    QImage image = canvas(QSize(500, 400));
+    QImage image = canvas(view.size);
     QPainter painter(&image);
     painter.setClipRect(view.exposed);
     painter.translate(-view.scroll);
@@ -332,6 +333,40 @@ private Q_SLOTS:
                 round % 4 == 0 ? QRect(0, 0, 500, 400) : QRect(any(0, 350), any(0, 250), any(1, 140), any(1, 140));
             QVERIFY2(paint(graph, view, true) == paint(graph, view, false),
                      qPrintable(QStringLiteral("round %1 scale %2").arg(round).arg(view.scale)));
+        }
+    }
+
+    /// Tips of arrows and glyphs that lean over, enlarged: where the least is seen of what is drawn.
+    void nothingIsMissingAtTheRims() {
+        std::mt19937 generator(4);
+        const auto any = [&](int low, int high) { return std::uniform_int_distribution<int>(low, high)(generator); };
+        TestTextGraph graph;
+        QFont font(QStringLiteral("Monospace"), 14);
+        font.setItalic(true);
+        graph.setFont(font);
+        graph.addRandom(generator, 20, 5, 80, 4);
+        graph.finish();
+        constexpr double scale = 7.3;
+        const auto isWhole = [&](const QPoint& place) {
+            View view{scale, QPoint(place * scale) - QPoint(30, 30), QRect(), QSize(60, 60)};
+            for (int round = 0; round < 4; ++round) {
+                view.exposed = QRect(30 + any(-24, 24), 30 + any(-24, 24), any(1, 6), any(1, 6));
+                if (paint(graph, view, false) != paint(graph, view, true))
+                    return false;
+            }
+            return true;
+        };
+        for (int i = 0; i < graph.getEdges().size(); ++i) {
+            graph.selectEdge(any(0, 1) == 0 ? i : -1);
+            const ArrowCurve curve = graph.getEdges().at(i)->getCurve();
+            for (const QPoint& place : {curve.start, curve.end, curve.wings.first, curve.wings.second})
+                QVERIFY2(isWhole(place), qPrintable(QString::number(i)));
+        }
+        for (const NodesLine& line : graph.getLines()) {
+            for (const NodeBase* node : line.nodes) {
+                QVERIFY(isWhole(node->getPos()));
+                QVERIFY(isWhole(QPoint(node->getRightEnd(), node->getPos().y() - 12)));
+            }
         }
     }
 

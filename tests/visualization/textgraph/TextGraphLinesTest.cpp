@@ -259,8 +259,8 @@ private Q_SLOTS:
                 // Lines close together; in every third text at any height, with nodes beside them.
                 for (int line = 0; line < lineCount; ++line)
                     each->lines()[line].setY(seed % 3 == 0 ? any(0, 8) * 50 : each->getLines().at(line).y - line * 3);
-                if (seed % 6 == 0)
-                    each->node(0, 0)->setPos(QPoint(0, any(0, 8) * 50));
+                if (seed % 4 == 1)
+                    each->node(0, 0)->setPos(QPoint(0, each->getLines().at(any(0, lineCount - 1)).y));
             }
             graph.moveCloseLinesApart();
             for (int i = 0; i + 1 < twin.getLines().size(); ++i) {
