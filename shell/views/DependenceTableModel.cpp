@@ -65,7 +65,7 @@ QVariant DependenceTableModel::data(const QModelIndex& index, int role) const {
 QVariant DependenceTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
-    const QStringList titles = {tr("Kind"),     tr("Variable"), tr("From line"), tr("To line"),
+    const QStringList titles = {tr("Kind"),     tr("Variable"), tr("From"), tr("To"),
                                 tr("Carriers"), tr("Distance"), tr("State")};
     return titles.value(section);
 }

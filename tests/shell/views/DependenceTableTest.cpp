@@ -77,7 +77,7 @@ void DependenceTableTest::rowsReadAsPeopleExpect() {
     QStringList titles;
     for (int i = 0; i < m_table->model()->columnCount(); ++i)
         titles.append(m_table->model()->headerData(i, Qt::Horizontal).toString());
-    QCOMPARE(titles, QStringList({"Kind", "Variable", "From line", "To line", "Carriers", "Distance", "State"}));
+    QCOMPARE(titles, QStringList({"Kind", "Variable", "From", "To", "Carriers", "Distance", "State"}));
     QCOMPARE(column(DependenceTableModel::KindColumn), QStringList({"flow", "anti", "input"}));
     QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"b", "a", "c"}));
     QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"10", "9", "100"}));
