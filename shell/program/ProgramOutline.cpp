@@ -3,6 +3,7 @@
 
 #include "environment/tessel/DoWhileStatement.h"
 #include "environment/tessel/ForStatement.h"
+#include "environment/tessel/IfStatement.h"
 #include "environment/tessel/ProgramUnit.h"
 #include "environment/tessel/SourceFile.h"
 #include "environment/tessel/SubroutineDeclaration.h"
@@ -28,29 +29,67 @@ QString languageOf(const Tessel::TranslationUnit& unit) {
     return unit.getSourceLanguage() == Tessel::LANG_C ? "C" : "Fortran";
 }
 
-const Tessel::LoopStatement* loopAround(const Tessel::LoopStatement& loop) {
-    for (const Tessel::TesselBase* node = loop.getParent(); node != nullptr; node = node->getParent())
-        if (const auto* outer = dynamic_cast<const Tessel::LoopStatement*>(node))
-            return outer;
-    return nullptr;
+QString kindOf(const Tessel::BlockStatement& block) {
+    const Tessel::TesselBase* parent = block.getParent();
+    if (dynamic_cast<const Tessel::LoopStatement*>(parent) != nullptr)
+        return "body";
+    if (const auto* branch = dynamic_cast<const Tessel::IfStatement*>(parent))
+        return branch->getThenBlock() == &block ? "then" : "else";
+    return "block";
 }
 
-std::vector<OutlineLoop> loopsOf(Tessel::SubroutineDeclaration& subroutine) {
-    std::vector<OutlineLoop> loops;
-    std::map<const Tessel::LoopStatement*, int> indexOf; // looked up, never walked
-    for (Tessel::TesselBase& node : Tessel::Service::Preorder(subroutine)) {
-        auto* loop = dynamic_cast<Tessel::LoopStatement*>(&node);
-        if (loop == nullptr)
-            continue;
-        const auto outer = indexOf.find(loopAround(*loop));
-        const int outerIndex = outer == indexOf.end() ? -1 : outer->second;
-        const int depth = outerIndex < 0 ? 1 : loops[static_cast<std::size_t>(outerIndex)].depth + 1;
-        const Tessel::SourceRange& range = loop->getSourceRange();
-        indexOf[loop] = static_cast<int>(loops.size());
-        loops.push_back({loop, kindOf(*loop), range.beginLine, range.endLine, depth, outerIndex});
-    }
-    return loops;
+/// The front end puts what the source wrote without braces into a block that begins where its statement does.
+bool isInBraces(const Tessel::BlockStatement& block) {
+    const Tessel::StatementBase* first = block.getStatement(0);
+    if (first == nullptr)
+        return false;
+    const Tessel::SourceRange& inner = first->getSourceRange();
+    const Tessel::SourceRange& outer = block.getSourceRange();
+    return inner.beginLine != outer.beginLine || inner.beginColumn != outer.beginColumn;
 }
+
+/// Collects the loops and blocks of one subroutine.
+class PartsCollector {
+public:
+    explicit PartsCollector(OutlineSubroutine& subroutine) : m_subroutine(subroutine) {}
+
+    void collect() {
+        for (Tessel::TesselBase& node : Tessel::Service::Preorder(*m_subroutine.subroutine)) {
+            if (auto* loop = dynamic_cast<Tessel::LoopStatement*>(&node))
+                add(*loop);
+            else if (auto* block = dynamic_cast<Tessel::BlockStatement*>(&node))
+                add(*block);
+        }
+    }
+
+private:
+    [[nodiscard]] int loopAround(const Tessel::TesselBase& node) const {
+        for (const Tessel::TesselBase* outer = node.getParent(); outer != nullptr; outer = outer->getParent())
+            if (const auto found = m_indexOf.find(outer); found != m_indexOf.end())
+                return found->second;
+        return -1;
+    }
+
+    void add(Tessel::LoopStatement& loop) {
+        std::vector<OutlineLoop>& loops = m_subroutine.loops;
+        const int outer = loopAround(loop);
+        const int depth = outer < 0 ? 1 : loops[static_cast<std::size_t>(outer)].depth + 1;
+        const Tessel::SourceRange& range = loop.getSourceRange();
+        m_indexOf[&loop] = static_cast<int>(loops.size());
+        loops.push_back({&loop, kindOf(loop), range.beginLine, range.endLine, depth, outer});
+    }
+
+    void add(Tessel::BlockStatement& block) {
+        if (&block == m_subroutine.subroutine->getBody() || !isInBraces(block))
+            return;
+        const Tessel::SourceRange& range = block.getSourceRange();
+        m_subroutine.blocks.push_back(
+            {&block, kindOf(block), range.beginLine, range.endLine, loopAround(block), m_subroutine.loops.size()});
+    }
+
+    OutlineSubroutine& m_subroutine;
+    std::map<const Tessel::TesselBase*, int> m_indexOf; // looked up, never walked
+};
 
 } // namespace
 
@@ -83,8 +122,10 @@ void ProgramOutline::add(Tessel::SubroutineDeclaration& subroutine) {
     const bool known = std::any_of(file.subroutines.begin(), file.subroutines.end(), [&](const OutlineSubroutine& one) {
         return one.firstLine == range.beginLine && one.name == name && one.subroutine->findTranslationUnit() != &unit;
     });
-    if (!known)
-        file.subroutines.push_back({&subroutine, name, range.beginLine, range.endLine, loopsOf(subroutine)});
+    if (known)
+        return;
+    file.subroutines.push_back({&subroutine, name, range.beginLine, range.endLine, {}, {}});
+    PartsCollector(file.subroutines.back()).collect();
 }
 
 } // namespace Kova::Shell

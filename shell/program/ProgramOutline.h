@@ -7,6 +7,7 @@
 #include <vector>
 
 namespace Kova::Tessel {
+class BlockStatement;
 class LoopStatement;
 class SubroutineDeclaration;
 } // namespace Kova::Tessel
@@ -28,6 +29,19 @@ struct OutlineLoop {
     int outer = -1;
 };
 
+/// A block in braces inside a subroutine's body that is not empty.
+struct OutlineBlock {
+    Tessel::BlockStatement* block = nullptr;
+    /// "body" of a loop, "then", "else", or "block".
+    QString kind;
+    std::uint32_t firstLine = 0;
+    std::uint32_t lastLine = 0;
+    /// Index of the innermost loop around it in the subroutine's list; -1 without one.
+    int outer = -1;
+    /// How many loops of the list begin before it.
+    std::size_t loopsBefore = 0;
+};
+
 /// A subroutine with a body.
 struct OutlineSubroutine {
     Tessel::SubroutineDeclaration* subroutine = nullptr;
@@ -36,6 +50,8 @@ struct OutlineSubroutine {
     std::uint32_t lastLine = 0;
     /// In program order, outer loops before those inside them.
     std::vector<OutlineLoop> loops;
+    /// In program order, outer blocks before those inside them.
+    std::vector<OutlineBlock> blocks;
 };
 
 /// A file that subroutines stand in.
@@ -46,9 +62,9 @@ struct OutlineFile {
     std::vector<OutlineSubroutine> subroutines;
 };
 
-/// The parts of a program that a person points at: files, their subroutines, their loops. The files that were read come
-/// first, in their order, then the headers that hold subroutines. Points into the program's tree, which must live as
-/// long.
+/// The parts of a program that a person points at: files, their subroutines, their loops and blocks. The files that
+/// were read come first, in their order, then the headers that hold subroutines. Points into the program's tree, which
+/// must live as long.
 class ProgramOutline {
 public:
     ProgramOutline() = default;

@@ -192,9 +192,13 @@ Subject SubjectFinder::findAgain(const Identity& identity) const {
             continue;
         if (identity.kind == Subject::Kind::Subroutine)
             return Subject(*subroutine);
-        StatementBase* statement = findStatement(identity.line, subroutine);
-        const bool same = statement != nullptr && Subject(*statement).getKind() == identity.kind;
-        return same ? Subject(*statement) : Subject(*subroutine);
+        // By kind, too: a loop and its body may begin on one line.
+        for (Tessel::TesselBase& node : Tessel::Service::Preorder(*subroutine))
+            if (auto* statement = dynamic_cast<StatementBase*>(&node))
+                if (const Subject subject(*statement);
+                    subject.getKind() == identity.kind && static_cast<int>(subject.getLine()) == identity.line)
+                    return subject;
+        return Subject(*subroutine);
     }
     return Subject(m_program);
 }

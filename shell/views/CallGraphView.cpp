@@ -5,6 +5,7 @@
 #include "environment/tessel/ProgramUnit.h"
 #include "environment/tessel/SourceFile.h"
 #include "environment/tessel/SubroutineDeclaration.h"
+#include "shell/program/Counted.h"
 #include "shell/views/GenericGraphDescription.h"
 #include "visualization/callgraph/CallGraphWidget.h"
 #include "visualization/callgraph/Node.h"
@@ -37,10 +38,6 @@ void addPlace(const GUI::GenericGraph::NodeBase& node, QJsonObject& description)
     const Tessel::SourceRange range = procedure != nullptr ? procedure->getSourceRange() : Tessel::SourceRange();
     description["file"] = range.file != nullptr ? QString::fromStdString(range.file->getPath()) : QString();
     description["line"] = static_cast<int>(range.beginLine);
-}
-
-QString counted(std::size_t count, const QString& what) {
-    return QString("%1 %2%3").arg(count).arg(what, count == 1 ? "" : "s");
 }
 
 } // namespace

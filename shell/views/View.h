@@ -4,6 +4,10 @@
 #include "shell/program/Subject.h"
 
 #include <QJsonObject>
+#include <QList>
+
+class QAction;
+class QWidget;
 
 namespace Kova::GUI {
 class GraphWidgetBase;
@@ -13,7 +17,7 @@ namespace Kova::Shell {
 
 /// One view of the program: a widget, what it is told to show, and how it describes what it shows. A new view derives
 /// from this and has a line in the table of ViewTable.cpp; menu, command line and export need no more. The actions of
-/// its widget are its tool bar and its context menu.
+/// its widget are its context menu, unless it has a menu of its own.
 class View {
 public:
     View() = default;
@@ -23,6 +27,12 @@ public:
 
     /// Owned by the view, and destroyed with it.
     [[nodiscard]] virtual GUI::GraphWidgetBase& getWidget() const = 0;
+
+    /// What stands beside the picture in the window, such as a table, with its window title; null for nothing. Owned by
+    /// the view, and destroyed with it.
+    [[nodiscard]] virtual QWidget* getPanel() const { return nullptr; }
+    /// For the tool bar; the widget's own actions unless overridden.
+    [[nodiscard]] virtual QList<QAction*> getActions() const;
 
     /// Replaces what is shown. Called with subjects of the kinds that the view takes only; they live until clear(), the
     /// next show() or the view's end.

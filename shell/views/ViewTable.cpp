@@ -2,12 +2,14 @@
 #include "shell/views/ViewTable.h"
 
 #include "shell/views/CallGraphView.h"
+#include "shell/views/LamportDependencesView.h"
 
 namespace Kova::Shell {
 
 const std::vector<ViewKind>& getViewKinds() {
     static const std::vector<ViewKind> kinds = {
         CallGraphView::kind(),
+        LamportDependencesView::kind(),
     };
     return kinds;
 }

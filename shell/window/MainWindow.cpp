@@ -15,10 +15,12 @@
 #include "visualization/graphcore/GraphWidgetBase.h"
 
 #include <QActionGroup>
+#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QSettings>
+#include <QStackedWidget>
 #include <QStatusBar>
 
 namespace Kova::Shell {
@@ -50,6 +52,8 @@ MainWindow::MainWindow(QSettings& settings, const Frontends::COptions& reading)
       m_pane(new ViewPane(this)),
       m_tree(new ProgramTree(this)),
       m_console(new ConsolePane(this)),
+      m_panelDock(new QDockWidget(tr("Details"), this)),
+      m_panels(new QStackedWidget(m_panelDock)),
       m_recent(new RecentFiles(settings, this)),
       m_viewActions(new QActionGroup(this)),
       m_kind(&getViewKinds().front()) {
@@ -196,6 +200,7 @@ void MainWindow::takeProgram() {
         showSubject(chooseSubject());
     } else {
         updateViewToolBar();
+        updatePanel();
         updateStatus();
     }
 }
@@ -220,6 +225,7 @@ void MainWindow::showSubject(const Subject& subject) {
     m_pane->show(*m_kind, m_subject);
     m_tree->showSubject(m_subject);
     updateViewToolBar();
+    updatePanel();
     updateStatus();
 }
 
@@ -227,6 +233,7 @@ void MainWindow::chooseView(const ViewKind& kind) {
     m_kind = &kind;
     for (QAction* action : m_viewActions->actions())
         action->setChecked(action->data().toString() == kind.name);
+    m_tree->setShowsBlocks(kind.preference.atLine == Subject::Kind::Block);
     showSubject(m_subject);
 }
 
@@ -252,6 +259,7 @@ void MainWindow::updateStatus() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     m_settings.setValue("geometry", saveGeometry());
     m_settings.setValue("windowState", saveState());
+    m_settings.setValue("panelWanted", m_panelWanted);
     QMainWindow::closeEvent(event);
 }
 

@@ -10,7 +10,9 @@
 #include <QMainWindow>
 
 class QActionGroup;
+class QDockWidget;
 class QSettings;
+class QStackedWidget;
 
 namespace Kova::Shell {
 
@@ -75,6 +77,7 @@ private:
     void chooseView(const ViewKind& kind);
     void showPlace(const QString& file, int line);
     void updateViewToolBar();
+    void updatePanel();
     void updateStatus();
 
     QSettings& m_settings;
@@ -85,6 +88,10 @@ private:
     ViewPane* m_pane;
     ProgramTree* m_tree;
     ConsolePane* m_console;
+    /// Holds the panels of all views that have one, and shows that of the current view.
+    QDockWidget* m_panelDock;
+    QStackedWidget* m_panels;
+    bool m_panelWanted = true;
     RecentFiles* m_recent;
     QActionGroup* m_viewActions;
     QToolBar* m_viewToolBar = nullptr;

@@ -17,7 +17,9 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSettings>
+#include <QStackedWidget>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace Kova::Shell {
 
@@ -38,7 +40,11 @@ void MainWindow::buildDocks() {
     console->setObjectName("console");
     console->setWidget(m_console);
     addDockWidget(Qt::BottomDockWidgetArea, console);
-    resizeDocks({program}, {300}, Qt::Horizontal);
+    m_panelDock->setObjectName("details");
+    m_panelDock->setWidget(m_panels);
+    addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
+    connect(m_panelDock->toggleViewAction(), &QAction::triggered, this, [this](bool shown) { m_panelWanted = shown; });
+    resizeDocks({program, m_panelDock}, {300, 420}, Qt::Horizontal);
     resizeDocks({console}, {120}, Qt::Vertical);
 }
 
@@ -87,8 +93,28 @@ void MainWindow::buildToolBars() {
 
 void MainWindow::updateViewToolBar() {
     m_viewToolBar->clear();
-    if (const GUI::GraphWidgetBase* widget = m_pane->getWidget())
-        m_viewToolBar->addActions(widget->actions());
+    const View* view = m_pane->getView();
+    if (view == nullptr)
+        return;
+    for (QAction* action : view->getActions()) {
+        m_viewToolBar->addAction(action);
+        auto* button = qobject_cast<QToolButton*>(m_viewToolBar->widgetForAction(action));
+        if (action->menu() != nullptr && button != nullptr)
+            button->setPopupMode(QToolButton::InstantPopup);
+    }
+}
+
+// A view without a panel leaves its room to the picture; a person who closed the panel keeps it closed.
+void MainWindow::updatePanel() {
+    const View* view = m_pane->getView();
+    QWidget* panel = view != nullptr ? view->getPanel() : nullptr;
+    if (panel != nullptr) {
+        m_panels->addWidget(panel);
+        m_panels->setCurrentWidget(panel);
+        m_panelDock->setWindowTitle(panel->windowTitle());
+    }
+    m_panelDock->toggleViewAction()->setEnabled(panel != nullptr);
+    m_panelDock->setVisible(panel != nullptr && m_panelWanted);
 }
 
 void MainWindow::connectActions() {
@@ -109,6 +135,7 @@ void MainWindow::restoreWindow() {
     resize(1200, 800);
     restoreGeometry(m_settings.value("geometry").toByteArray());
     restoreState(m_settings.value("windowState").toByteArray());
+    m_panelWanted = m_settings.value("panelWanted", true).toBool();
 }
 
 void MainWindow::askAndOpen() {

@@ -21,13 +21,23 @@ ProgramTree::ProgramTree(QWidget* parent) : QTreeView(parent), m_model(new Progr
 
 void ProgramTree::setProgram(const OpenedProgram& program) {
     const QScopedValueRollback<bool> silence(m_silent, true);
-    m_model->setProgram(ProgramOutline(program), &program.getUnit());
+    m_program = &program;
+    m_model->setProgram(ProgramOutline(program), &program.getUnit(), m_showsBlocks);
     expandToDepth(0);
 }
 
 void ProgramTree::forgetProgram() {
     const QScopedValueRollback<bool> silence(m_silent, true);
+    m_program = nullptr;
     m_model->setProgram(ProgramOutline(), nullptr);
+}
+
+void ProgramTree::setShowsBlocks(bool shows) {
+    if (shows == m_showsBlocks)
+        return;
+    m_showsBlocks = shows;
+    if (m_program != nullptr)
+        setProgram(*m_program);
 }
 
 void ProgramTree::showSubject(const Subject& subject) {

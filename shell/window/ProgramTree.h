@@ -19,6 +19,8 @@ public:
     /// Shows another program, with its files open. It must live until the next call or forgetProgram().
     void setProgram(const OpenedProgram& program);
     void forgetProgram();
+    /// Whether blocks have rows, too; they have none at first.
+    void setShowsBlocks(bool shows);
 
     /// Makes the subject's row the current one, without telling that it was picked.
     void showSubject(const Subject& subject);
@@ -34,6 +36,8 @@ protected:
 
 private:
     ProgramTreeModel* m_model;
+    const OpenedProgram* m_program = nullptr;
+    bool m_showsBlocks = false;
     bool m_silent = false;
 };
 

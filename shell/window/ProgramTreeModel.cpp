@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window/ProgramTreeModel.h"
 
+#include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/LoopStatement.h"
 #include "environment/tessel/ProgramUnit.h"
 #include "environment/tessel/SubroutineDeclaration.h"
@@ -22,26 +23,27 @@ QString linesText(std::uint32_t first, std::uint32_t last) {
 
 ProgramTreeModel::ProgramTreeModel(QObject* parent) : QAbstractItemModel(parent), m_items(1) {}
 
-void ProgramTreeModel::setProgram(const ProgramOutline& outline, Tessel::ProgramUnit* program) {
+void ProgramTreeModel::setProgram(const ProgramOutline& outline, Tessel::ProgramUnit* program, bool withBlocks) {
     beginResetModel();
     m_items.assign(1, Item());
     if (program != nullptr)
         for (const OutlineFile& file : outline.getFiles())
-            appendFile(file, *program);
+            appendFile(file, *program, withBlocks);
     endResetModel();
 }
 
-void ProgramTreeModel::appendFile(const OutlineFile& file, Tessel::ProgramUnit& program) {
+void ProgramTreeModel::appendFile(const OutlineFile& file, Tessel::ProgramUnit& program, bool withBlocks) {
     Item item;
     item.name = QFileInfo(file.path).fileName();
     item.toolTip = file.path;
     item.subject = Subject(program);
     const int number = append(0, std::move(item));
     for (const OutlineSubroutine& subroutine : file.subroutines)
-        appendSubroutine(subroutine, file.path, number);
+        appendSubroutine(subroutine, file.path, number, withBlocks);
 }
 
-void ProgramTreeModel::appendSubroutine(const OutlineSubroutine& subroutine, const QString& file, int parent) {
+void ProgramTreeModel::appendSubroutine(const OutlineSubroutine& subroutine, const QString& file, int parent,
+                                        bool withBlocks) {
     Item item;
     item.name = subroutine.name;
     item.lines = linesText(subroutine.firstLine, subroutine.lastLine);
@@ -49,15 +51,35 @@ void ProgramTreeModel::appendSubroutine(const OutlineSubroutine& subroutine, con
     item.subject = Subject(*subroutine.subroutine);
     const int holder = append(parent, std::move(item));
     std::vector<int> numbers;
+    const auto rowOf = [&](int loop) { return loop < 0 ? holder : numbers[static_cast<std::size_t>(loop)]; };
+    auto block = withBlocks ? subroutine.blocks.begin() : subroutine.blocks.end();
+    const auto appendBlocks = [&] {
+        for (; block != subroutine.blocks.end() && block->loopsBefore <= numbers.size(); ++block)
+            appendBlock(*block, file, rowOf(block->outer));
+    };
     for (const OutlineLoop& loop : subroutine.loops) {
-        Item row;
-        row.name = tr("%1 loop").arg(loop.kind);
-        row.lines = linesText(loop.firstLine, loop.lastLine);
-        row.toolTip = tr("%1:%2, depth %3").arg(file).arg(loop.firstLine).arg(loop.depth);
-        row.subject = Subject(*loop.loop);
-        const int outer = loop.outer < 0 ? holder : numbers[static_cast<std::size_t>(loop.outer)];
-        numbers.push_back(append(outer, std::move(row)));
+        appendBlocks();
+        numbers.push_back(appendLoop(loop, file, rowOf(loop.outer)));
     }
+    appendBlocks();
+}
+
+int ProgramTreeModel::appendLoop(const OutlineLoop& loop, const QString& file, int parent) {
+    Item row;
+    row.name = tr("%1 loop").arg(loop.kind);
+    row.lines = linesText(loop.firstLine, loop.lastLine);
+    row.toolTip = tr("%1:%2, depth %3").arg(file).arg(loop.firstLine).arg(loop.depth);
+    row.subject = Subject(*loop.loop);
+    return append(parent, std::move(row));
+}
+
+void ProgramTreeModel::appendBlock(const OutlineBlock& block, const QString& file, int parent) {
+    Item row;
+    row.name = block.kind;
+    row.lines = linesText(block.firstLine, block.lastLine);
+    row.toolTip = QString("%1:%2").arg(file).arg(block.firstLine);
+    row.subject = Subject(*block.block);
+    append(parent, std::move(row));
 }
 
 int ProgramTreeModel::append(int parent, Item item) {

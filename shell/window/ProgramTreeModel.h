@@ -10,10 +10,13 @@
 namespace Kova::Shell {
 
 class ProgramOutline;
+struct OutlineBlock;
 struct OutlineFile;
+struct OutlineLoop;
 struct OutlineSubroutine;
 
-/// A program as a tree: files, their subroutines, their loops in one another; the second column has the lines.
+/// A program as a tree: files, their subroutines, their loops in one another and, where asked for, their blocks; the
+/// second column has the lines.
 class ProgramTreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -24,7 +27,8 @@ public:
 
     /// Shows another program. @param program what the rows of files stand for; null shows nothing. Both the program
     /// and what the outline points at live until the next call.
-    void setProgram(const ProgramOutline& outline, Tessel::ProgramUnit* program);
+    /// @param withBlocks whether blocks have rows, below the innermost loop around them.
+    void setProgram(const ProgramOutline& outline, Tessel::ProgramUnit* program, bool withBlocks = false);
 
     /// A file stands for the whole program. A subject of no kind for an invalid index.
     [[nodiscard]] Subject getSubject(const QModelIndex& index) const;
@@ -50,8 +54,10 @@ private:
         std::vector<int> children;
     };
 
-    void appendFile(const OutlineFile& file, Tessel::ProgramUnit& program);
-    void appendSubroutine(const OutlineSubroutine& subroutine, const QString& file, int parent);
+    void appendFile(const OutlineFile& file, Tessel::ProgramUnit& program, bool withBlocks);
+    void appendSubroutine(const OutlineSubroutine& subroutine, const QString& file, int parent, bool withBlocks);
+    int appendLoop(const OutlineLoop& loop, const QString& file, int parent);
+    void appendBlock(const OutlineBlock& block, const QString& file, int parent);
     int append(int parent, Item item);
     [[nodiscard]] const Item& itemOf(const QModelIndex& index) const;
 

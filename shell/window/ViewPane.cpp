@@ -55,7 +55,8 @@ View& ViewPane::obtainView(const ViewKind& kind) {
     if (!view) {
         view = kind.create();
         GUI::GraphWidgetBase& widget = view->getWidget();
-        widget.setContextMenuPolicy(Qt::ActionsContextMenu);
+        if (!widget.actions().isEmpty())
+            widget.setContextMenuPolicy(Qt::ActionsContextMenu);
         widget.setFrameShape(QFrame::NoFrame);
         addWidget(&widget);
         connect(&widget, &GUI::GraphWidgetBase::scaleChanged, this, [this, shown = view.get()](double scale) {

@@ -74,6 +74,14 @@ QPainterPath arrowCurvePath(const ArrowCurve& curve) {
     return path;
 }
 
+QRectF controlRect(const ArrowCurve& curve) {
+    const auto [left, right] = std::minmax({curve.start.x(), curve.firstControl.x(), curve.secondControl.x(),
+                                            curve.end.x(), curve.wings.first.x(), curve.wings.second.x()});
+    const auto [top, bottom] = std::minmax({curve.start.y(), curve.firstControl.y(), curve.secondControl.y(),
+                                            curve.end.y(), curve.wings.first.y(), curve.wings.second.y()});
+    return {QPointF(left, top), QPointF(right, bottom)};
+}
+
 bool stripTouches(const ArrowCurve& curve, const QRectF& area, double margin) {
     const double dx = static_cast<double>(curve.end.x()) - curve.start.x();
     const double dy = static_cast<double>(curve.end.y()) - curve.start.y();

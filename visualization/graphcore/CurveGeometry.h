@@ -57,6 +57,9 @@ struct ArrowCurve {
 /// Start, curve to the end; then first wing, end, second wing.
 [[nodiscard]] VISUALIZATION_EXPORT QPainterPath arrowCurvePath(const ArrowCurve& curve);
 
+/// The smallest rectangle around all six points, and so around the curve.
+[[nodiscard]] VISUALIZATION_EXPORT QRectF controlRect(const ArrowCurve& curve);
+
 /// False when a stroke of half width `margin` along curve and arrowhead cannot touch the area: the area lies to one
 /// side of the strip, parallel to the line from start to end, that holds all points of the curve. Tells far more long
 /// slanted curves apart than their bounding rectangle does.

@@ -61,14 +61,28 @@ void EdgeHitMap::buildIndex() {
     });
 }
 
+bool EdgeHitMap::isHit(const Piece& piece, const QPoint& point, std::size_t limit) const {
+    return static_cast<std::size_t>(piece.edge) < limit && isOnSegment(piece.from, piece.to, point) &&
+           m_bounds.at(piece.edge).contains(point);
+}
+
+int EdgeHitMap::findFirst(const QPoint& point, std::size_t limit) const {
+    if (m_grid.isEmpty())
+        return -1;
+    for (const Piece* piece : m_cells.at(m_grid.cellAt(point))) {
+        if (isHit(*piece, point, limit))
+            return piece->edge;
+    }
+    return -1;
+}
+
 int EdgeHitMap::findLast(const QPoint& point, std::size_t limit) const {
     if (m_grid.isEmpty())
         return -1;
     const auto pieces = m_cells.at(m_grid.cellAt(point));
     for (auto next = pieces.end(); next != pieces.begin();) {
         const Piece& piece = **--next;
-        if (static_cast<std::size_t>(piece.edge) < limit && isOnSegment(piece.from, piece.to, point) &&
-            m_bounds.at(piece.edge).contains(point))
+        if (isHit(piece, point, limit))
             return piece.edge;
     }
     return -1;

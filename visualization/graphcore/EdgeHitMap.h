@@ -29,7 +29,9 @@ public:
     /// Has to follow the last change before find functions are called.
     void buildIndex();
 
-    /// The largest index below `limit` whose edge is under the point, -1 for none.
+    /// The smallest index below `limit` whose edge is under the point, -1 for none.
+    [[nodiscard]] int findFirst(const QPoint& point, std::size_t limit) const;
+    /// The largest one.
     [[nodiscard]] int findLast(const QPoint& point, std::size_t limit) const;
 
     [[nodiscard]] const QList<QRectF>& getBounds() const { return m_bounds; }
@@ -41,6 +43,7 @@ private:
         QPoint to;
         int edge;
     };
+    [[nodiscard]] bool isHit(const Piece& piece, const QPoint& point, std::size_t limit) const;
 
     QList<QRectF> m_bounds;
     QList<QList<QPolygonF>> m_polygons;

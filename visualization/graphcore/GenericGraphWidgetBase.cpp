@@ -2,12 +2,12 @@
 #include "visualization/graphcore/GenericGraphWidgetBase.h"
 
 #include "visualization/graphcore/CorridorMap.h"
+#include "visualization/graphcore/ExposedArea.h"
 #include "visualization/graphcore/NodeHitIndex.h"
 #include "visualization/graphcore/PaintIndex.h"
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <QTransform>
 
 #include <algorithm>
 #include <optional>
@@ -18,21 +18,6 @@ namespace {
 
 /// Space beyond the outermost node centres.
 constexpr int graphMargin = 50;
-/// How far antialiasing and the rounding of glyphs reach beyond what is drawn, in device pixels.
-constexpr double pixelMargin = 3.0;
-
-/// What has to be drawn, in graph units; nothing when the painter is not clipped (or its transform has no inverse).
-std::optional<QRectF> exposedArea(const QPainter& painter) {
-    if (!painter.hasClipping())
-        return std::nullopt;
-    bool invertible = false;
-    const QTransform toDevice = painter.combinedTransform();
-    const QTransform toGraph = toDevice.inverted(&invertible);
-    if (!invertible)
-        return std::nullopt;
-    const QRectF pixels = toDevice.mapRect(painter.clipBoundingRect());
-    return toGraph.mapRect(pixels.adjusted(-pixelMargin, -pixelMargin, pixelMargin, pixelMargin));
-}
 
 } // namespace
 

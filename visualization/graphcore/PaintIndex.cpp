@@ -7,7 +7,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -50,12 +49,7 @@ QRectF strokeExtent(const EdgeBase& edge) {
     const std::optional<double> margin = strokeMargin(edge.getPen());
     if (!margin)
         return unboundedExtent();
-    const ArrowCurve& curve = edge.getCurve();
-    const auto [left, right] = std::minmax({curve.start.x(), curve.firstControl.x(), curve.secondControl.x(),
-                                            curve.end.x(), curve.wings.first.x(), curve.wings.second.x()});
-    const auto [top, bottom] = std::minmax({curve.start.y(), curve.firstControl.y(), curve.secondControl.y(),
-                                            curve.end.y(), curve.wings.first.y(), curve.wings.second.y()});
-    return QRectF(QPointF(left, top), QPointF(right, bottom)).adjusted(-*margin, -*margin, *margin, *margin);
+    return controlRect(edge.getCurve()).adjusted(-*margin, -*margin, *margin, *margin);
 }
 
 /// Of an edge whose extent touches the area: whether its line does. Those with a label count as a whole.

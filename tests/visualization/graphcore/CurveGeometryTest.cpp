@@ -114,6 +114,12 @@ private Q_SLOTS:
         QVERIFY(stripTouches(line, QRectF(700, 100, 100, 100), 600.0));
     }
 
+    void controlRectHoldsAllSixPoints() {
+        const ArrowCurve curve{{0, 10}, {-30, 300}, {600, 20}, {90, 0}, {{80, 9}, {80, -9}}};
+        QCOMPARE(controlRect(curve), QRectF(QPointF(-30, -9), QPointF(600, 300)));
+        QCOMPARE(controlRect(ArrowCurve()), QRectF(0, 0, 0, 0));
+    }
+
     void stripHoldsTheBulgeOfACurve() {
         // A curve at a quarter of its length is at 3/4 of its greatest height, here 0.75 * 300.
         const ArrowCurve bulge{{0, 0}, {300, 300}, {600, 300}, {900, 0}, {{890, 9}, {890, -9}}};

@@ -52,6 +52,24 @@ private Q_SLOTS:
         QCOMPARE(map.findLast(QPoint(50, 27), 3), -1);
     }
 
+    void firstEdgeWinsBelowTheLimit() {
+        QPainterPath line(QPointF(0, 0));
+        line.lineTo(100, 50);
+        EdgeHitMap map;
+        QCOMPARE(map.findFirst(QPoint(50, 25), 3), -1);
+        map.resize(4);
+        // The first one is empty: nothing to hit.
+        for (std::size_t i = 1; i < 4; ++i)
+            map.setPath(i, line);
+        map.buildIndex();
+        QCOMPARE(map.findFirst(QPoint(50, 25), 4), 1);
+        QCOMPARE(map.findFirst(QPoint(50, 25), 1), -1);
+        QCOMPARE(map.findFirst(QPoint(50, 27), 4), -1);
+        map.setPath(1, QPainterPath());
+        map.buildIndex();
+        QCOMPARE(map.findFirst(QPoint(50, 25), 4), 2);
+    }
+
     void boundsOfNoWidthHoldNothing() {
         // A rectangle without an inside contains no point, so a bare vertical line is never met.
         QPainterPath line(QPointF(10, 0));

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "environment/analyses/lamport/LampArrow.h"
+
+#include <deque>
+#include <memory>
+
+namespace Kova::Tessel {
+class BlockStatement;
+}
+
+namespace DepGraph {
+
+class AccessModel;
+class PairTest;
+
+/// The dependences between the occurrences of variables in a block, after L. Lamport, "The Parallel Execution of DO
+/// Loops" (1974): memory-based, directed by the order of execution, with the loops that carry them.
+///
+/// An occurrence is the name of a variable where it is printed: in `a[i][j]` the word `a` stands for the element. Names
+/// that differ are taken for memory that differs. The graph refers to the block's tree and keeps none of it alive.
+class LamportGraph {
+public:
+    LamportGraph();
+    /// A graph of given arrows, in this order, for hosts with an analysis of their own. Refine() does nothing to it.
+    explicit LamportGraph(std::vector<LampArrow> arrows);
+    ~LamportGraph();
+    LamportGraph(const LamportGraph&) = delete;
+    LamportGraph& operator=(const LamportGraph&) = delete;
+
+    /// Replaces the graph by every pair of accesses that the order of execution allows, all of them assumed.
+    /// @param withInput whether to keep pairs of reads.
+    void Build(Kova::Tessel::BlockStatement& block, EN_LamportGraphBuildParams parameters, bool withInput);
+    /// Drops and narrows down what the method disproves. Does nothing before Build().
+    void Refine(EN_RefineMethod method);
+    void Clear();
+
+    /// In the order of the source occurrences in the block, then of the targets', then of the kinds' numbers.
+    [[nodiscard]] const std::vector<LampArrow*>& getArrows() const { return m_arrows; }
+
+private:
+    void findArrows(PairTest& test);
+
+    std::unique_ptr<AccessModel> m_model;
+    bool m_withInput = false;
+    // Keeps its elements in place while it grows.
+    std::deque<LampArrow> m_owned;
+    std::vector<LampArrow*> m_arrows;
+};
+
+} // namespace DepGraph

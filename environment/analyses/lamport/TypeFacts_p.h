@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace Kova::Tessel {
+class ArrayType;
+class PointerType;
+class RecordDeclaration;
+class Type;
+class VariableDeclaration;
+} // namespace Kova::Tessel
+
+/// What types say of values and memory. Every question may be asked of null, the unknown type.
+namespace DepGraph {
+
+/// The type that typedef names stand for; null when unknown.
+[[nodiscard]] const Kova::Tessel::Type* behindNames(const Kova::Tessel::Type* type);
+
+[[nodiscard]] const Kova::Tessel::PointerType* asPointer(const Kova::Tessel::Type* type);
+[[nodiscard]] const Kova::Tessel::ArrayType* asArray(const Kova::Tessel::Type* type);
+[[nodiscard]] const Kova::Tessel::RecordDeclaration* asRecord(const Kova::Tessel::Type* type);
+[[nodiscard]] bool isFunction(const Kova::Tessel::Type* type);
+/// A number, an enumeration's value or a pointer.
+[[nodiscard]] bool isScalar(const Kova::Tessel::Type* type);
+/// What an array consists of or a pointer leads to; null for any other type.
+[[nodiscard]] const Kova::Tessel::Type* elementOf(const Kova::Tessel::Type* type);
+/// Whether the type or a typedef name on the way to it carries one of the qualifiers.
+[[nodiscard]] bool hasQualifier(const Kova::Tessel::Type* type, unsigned qualifiers);
+/// Whether both are the same but for qualifiers. Unknown types are the same as none.
+[[nodiscard]] bool isSameObjectType(const Kova::Tessel::Type* first, const Kova::Tessel::Type* second);
+/// Whether a value of the type holds a pointer anywhere; true when unknown.
+[[nodiscard]] bool holdsPointer(const Kova::Tessel::Type* type);
+/// In bytes; none for structures, variable arrays and when unknown.
+[[nodiscard]] std::optional<std::uint64_t> sizeOf(const Kova::Tessel::Type* type);
+/// Whether one of the two structures is the other or a part of it.
+[[nodiscard]] bool isPartOf(const Kova::Tessel::RecordDeclaration& first,
+                            const Kova::Tessel::RecordDeclaration& second);
+
+/// A parameter that is declared as an array is a pointer where it is used.
+[[nodiscard]] bool isArrayParameter(const Kova::Tessel::VariableDeclaration& variable);
+
+/// Whether the variable is made anew wherever its declaration is executed.
+[[nodiscard]] bool isAutomatic(const Kova::Tessel::VariableDeclaration& variable);
+
+struct IntegerType {
+    bool isSigned = true;
+    /// 1 for a truth value.
+    unsigned bits = 32;
+};
+/// None for what is no integer and when unknown.
+[[nodiscard]] std::optional<IntegerType> asInteger(const Kova::Tessel::Type* type);
+/// Whether a value of the type may be read as a number. What is not known is taken for a signed integer.
+[[nodiscard]] inline bool isCountable(const Kova::Tessel::Type* type) {
+    return type == nullptr || asInteger(type).has_value();
+}
+
+} // namespace DepGraph

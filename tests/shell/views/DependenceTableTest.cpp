@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "shell/views/DependenceTable.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace Kova::Shell {
+
+namespace {
+
+DependenceRecord record(const QString& kind, const QString& name, int from, int to, std::vector<int> carriers) {
+    DependenceRecord result;
+    result.kind = kind;
+    result.source = {name, from, 1};
+    result.target = {name, to, 5};
+    result.carriers = std::move(carriers);
+    result.distance = {1, std::nullopt};
+    result.proven = kind == "flow";
+    result.tags = QStringList({"a", "b", "c", "popular"});
+    return result;
+}
+
+std::vector<DependenceRecord> threeRecords() {
+    return {record("flow", "b", 10, 9, {1}), record("anti", "a", 9, 10, {-1, 2}), record("input", "c", 100, 0, {})};
+}
+
+} // namespace
+
+class DependenceTableTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void modelKeepsItsContract();
+    void rowsReadAsPeopleExpect();
+    void differentNamesAreBothNamed();
+    void inThePicturesOrderAtFirst();
+    void linesAreSortedAsNumbers();
+    void filteredRowsGoAndComeBack();
+    void pickedRowsAreToldByTheirNumbers();
+    void selectingByProgramTellsNobody();
+    void clicksPickRows();
+
+private:
+    [[nodiscard]] QStringList column(int number) const;
+
+    QSet<int> m_hidden;
+    std::unique_ptr<DependenceTable> m_table;
+};
+
+void DependenceTableTest::init() {
+    m_hidden.clear();
+    m_table = std::make_unique<DependenceTable>([this](int number) { return !m_hidden.contains(number); });
+    m_table->setRecords(threeRecords());
+    m_table->resize(800, 300);
+    m_table->show();
+}
+
+QStringList DependenceTableTest::column(int number) const {
+    QStringList texts;
+    for (int row = 0; row < m_table->model()->rowCount(); ++row)
+        texts.append(m_table->model()->index(row, number).data().toString());
+    return texts;
+}
+
+void DependenceTableTest::modelKeepsItsContract() {
+    DependenceTableModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.setRecords(threeRecords());
+    QCOMPARE(model.rowCount(), 3);
+    model.setRecords({});
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void DependenceTableTest::rowsReadAsPeopleExpect() {
+    QStringList titles;
+    for (int i = 0; i < m_table->model()->columnCount(); ++i)
+        titles.append(m_table->model()->headerData(i, Qt::Horizontal).toString());
+    QCOMPARE(titles, QStringList({"Kind", "Variable", "From", "To", "Carriers", "Distance", "State"}));
+    QCOMPARE(column(DependenceTableModel::KindColumn), QStringList({"flow", "anti", "input"}));
+    QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"b", "a", "c"}));
+    QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"10", "9", "100"}));
+    QCOMPARE(column(DependenceTableModel::ToColumn), QStringList({"9", "10", "?"}));
+    QCOMPARE(column(DependenceTableModel::CarriersColumn), QStringList({"1", "LID, 2", "?"}));
+    QCOMPARE(column(DependenceTableModel::DistanceColumn), QStringList({"(1, *)", "(1, *)", "(1, *)"}));
+    QCOMPARE(column(DependenceTableModel::StateColumn), QStringList({"proven", "assumed", "assumed"}));
+    QCOMPARE(m_table->model()->index(0, 0).data(Qt::ToolTipRole).toString(), QString("popular"));
+}
+
+void DependenceTableTest::differentNamesAreBothNamed() {
+    DependenceRecord one = record("flow", "a", 1, 2, {});
+    one.target.text = "b";
+    QCOMPARE(one.getVariable(), QString("a, b"));
+    one.distance.clear();
+    QCOMPARE(one.getDistanceText(), QString());
+}
+
+void DependenceTableTest::inThePicturesOrderAtFirst() {
+    m_table->setRecords(
+        {record("output", "z", 3, 3, {}), record("anti", "y", 2, 2, {}), record("flow", "x", 1, 1, {})});
+    QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"z", "y", "x"}));
+}
+
+void DependenceTableTest::linesAreSortedAsNumbers() {
+    m_table->sortByColumn(DependenceTableModel::FromColumn, Qt::AscendingOrder);
+    QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"9", "10", "100"}));
+    m_table->sortByColumn(DependenceTableModel::VariableColumn, Qt::DescendingOrder);
+    QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"c", "b", "a"}));
+}
+
+void DependenceTableTest::filteredRowsGoAndComeBack() {
+    m_hidden = {0, 2};
+    m_table->filterAgain();
+    QCOMPARE(column(DependenceTableModel::KindColumn), QStringList({"anti"}));
+    m_hidden = {};
+    m_table->filterAgain();
+    QCOMPARE(column(DependenceTableModel::KindColumn), QStringList({"flow", "anti", "input"}));
+}
+
+void DependenceTableTest::pickedRowsAreToldByTheirNumbers() {
+    const QSignalSpy picked(m_table.get(), &DependenceTable::recordPicked);
+    m_table->sortByColumn(DependenceTableModel::FromColumn, Qt::AscendingOrder);
+    m_table->selectRow(2);
+    QCOMPARE(picked.size(), 1);
+    QCOMPARE(picked[0][0].toInt(), 2);
+    m_table->selectRow(0);
+    QCOMPARE(picked.last()[0].toInt(), 1);
+    m_table->clearSelection();
+    QCOMPARE(picked.last()[0].toInt(), -1);
+}
+
+void DependenceTableTest::selectingByProgramTellsNobody() {
+    const QSignalSpy picked(m_table.get(), &DependenceTable::recordPicked);
+    m_table->sortByColumn(DependenceTableModel::FromColumn, Qt::DescendingOrder);
+    m_table->selectRecord(1);
+    QCOMPARE(m_table->getSelectedRecord(), 1);
+    QCOMPARE(m_table->selectionModel()->selectedRows().first().row(), 2);
+    m_hidden = {0};
+    m_table->filterAgain();
+    m_table->selectRecord(0); // has no row
+    QCOMPARE(m_table->getSelectedRecord(), -1);
+    m_table->selectRecord(17);
+    QCOMPARE(m_table->getSelectedRecord(), -1);
+    QCOMPARE(picked.size(), 0);
+}
+
+void DependenceTableTest::clicksPickRows() {
+    const QSignalSpy picked(m_table.get(), &DependenceTable::recordPicked);
+    const QRect cell = m_table->visualRect(m_table->model()->index(1, 0));
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+    QCOMPARE(picked.size(), 1);
+    QCOMPARE(picked[0][0].toInt(), 1);
+}
+
+} // namespace Kova::Shell
+
+QTEST_MAIN(Kova::Shell::DependenceTableTest)
+#include "DependenceTableTest.moc"

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "shell/views/LamportDependencesView.h"
+
+#include "shell/messages/MessageLog.h"
+#include "shell/views/DependenceTable.h"
+#include "shell/views/ViewDescription.h"
+#include "tests/shell/ShellTesting.h"
+#include "visualization/depgraph/DepGraphWidget.h"
+#include "visualization/textgraph/EdgeBase.h"
+
+#include <QAction>
+#include <QJsonArray>
+#include <QScrollBar>
+#include <QtTest>
+
+namespace Kova::Shell {
+
+namespace {
+
+using GUI::DepGraph::DepGraphWidget;
+
+// s: flow 4 -> 4 carried by 1 (self), anti and output likewise; 2 -> 4 within no common loop; 4 -> 6.
+// a[i] is written in 4's line 5 and read from the iteration before: flow with distance 1.
+constexpr auto source = "double f(double a[100], int n) {\n"  // 1
+                        "    double s = 0;\n"                 // 2
+                        "    for (int i = 1; i < n; i++) {\n" // 3
+                        "        s += a[i];\n"                // 4
+                        "        a[i] = a[i - 1];\n"          // 5
+                        "    }\n"                             // 6
+                        "    return s;\n"                     // 7
+                        "}\n"                                 // 8
+                        "int g(int x) { return x; }\n";       // 9
+
+/// "kind text line:column -> text line:column carriers distance".
+QStringList edgesOf(const QJsonObject& description) {
+    QStringList lines;
+    for (const QJsonValue& value : description["edges"].toArray()) {
+        const QJsonObject edge = value.toObject();
+        const auto end = [&](const char* which) {
+            const QJsonObject object = edge[which].toObject();
+            return QString("%1 %2:%3")
+                .arg(object["text"].toString())
+                .arg(object["line"].toInt())
+                .arg(object["column"].toInt());
+        };
+        QStringList carriers;
+        for (const QJsonValue& carrier : edge["carriers"].toArray())
+            carriers.append(QString::number(carrier.toInt()));
+        QStringList distance;
+        for (const QJsonValue& one : edge["distance"].toArray())
+            distance.append(one.isNull() ? QString("*") : QString::number(one.toInt()));
+        lines.append(
+            QString("%1 %2 -> %3 [%4] (%5)")
+                .arg(edge["kind"].toString(), end("source"), end("target"), carriers.join(' '), distance.join(' ')));
+    }
+    return lines;
+}
+
+} // namespace
+
+class LamportDependencesViewTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aBlockAtALine();
+    void aSubroutineByName();
+    void edgesSayAllThatIsKnown();
+    void nodesAreTheWords();
+    void withoutDependencesThereIsTheText();
+    void theTableFollowsTheFilter();
+    void aRowShowsItsArrow();
+    void anArrowShowsItsRow();
+    void toolBarHasTheFilter();
+    void clearedViewIsEmpty();
+    void whatIsWorthAPicture();
+
+private:
+    QJsonObject describe(const SubjectRequest& request);
+    [[nodiscard]] DepGraphWidget& widget() const { return static_cast<DepGraphWidget&>(m_view->getWidget()); }
+    [[nodiscard]] DependenceTable& table() const { return static_cast<DependenceTable&>(*m_view->getPanel()); }
+
+    Testing::SourceFolder m_folder;
+    OpenedProgram m_program;
+    std::unique_ptr<LamportDependencesView> m_view;
+};
+
+void LamportDependencesViewTest::init() {
+    m_program = Testing::readProgram({m_folder.write("a.c", source)});
+    m_view = std::make_unique<LamportDependencesView>();
+}
+
+QJsonObject LamportDependencesViewTest::describe(const SubjectRequest& request) {
+    const ViewKind kind = LamportDependencesView::kind();
+    const FoundSubject found = SubjectFinder(m_program).find(request, kind.preference);
+    m_view->show(found.subject);
+    return describeView(kind, *m_view, found.subject, {});
+}
+
+// Line 5 is in the body of the loop: its iterations are no longer told apart.
+void LamportDependencesViewTest::aBlockAtALine() {
+    const QJsonObject description = describe({QString(), 5});
+    QCOMPARE(description["view"].toString(), QString("lamport-dependences"));
+    QCOMPARE(description["subject"].toString(), QString("block at line 3 in f"));
+    const QStringList edges = edgesOf(description);
+    QVERIFY(edges.contains("anti a 4:14 -> a 5:9 [-1] ()"));
+    QVERIFY(!edges.join('\n').contains("flow"));
+    QVERIFY(!edges.join('\n').contains("output"));
+}
+
+void LamportDependencesViewTest::aSubroutineByName() {
+    const QJsonObject description = describe({"f", {}});
+    QCOMPARE(description["subject"].toString(), QString("subroutine f"));
+    QStringList edges;
+    for (const QString& edge : edgesOf(description))
+        if (!edge.startsWith("input"))
+            edges.append(edge);
+    edges.sort();
+    QCOMPARE(edges, QStringList({"anti a 4:14 -> a 5:9 [-1] (0)", "anti s 4:9 -> s 4:9 [1] (*)",
+                                 "flow a 5:9 -> a 5:16 [1] (1)", "flow s 4:9 -> s 4:9 [1] (*)",
+                                 "flow s 4:9 -> s 7:12 [-1] ()", "output s 4:9 -> s 4:9 [1] (*)"}));
+}
+
+void LamportDependencesViewTest::edgesSayAllThatIsKnown() {
+    const QJsonObject description = describe({"f", {}});
+    const QJsonArray nodes = description["nodes"].toArray();
+    for (const QJsonValue& value : description["edges"].toArray()) {
+        const QJsonObject edge = value.toObject();
+        QCOMPARE(nodes[edge["from"].toInt()].toObject()["text"], edge["source"].toObject()["text"]);
+        QCOMPARE(nodes[edge["to"].toInt()].toObject()["text"], edge["target"].toObject()["text"]);
+        QCOMPARE(edge["proven"].toBool(), true);
+        QCOMPARE(edge["visible"].toBool(), true);
+        QCOMPARE(edge["tags"].toArray().size(), 4);
+        QCOMPARE(edge["hint"], edge["tags"].toArray()[0]);
+        QCOMPARE(edge["tooltip"], edge["hint"]);
+        QVERIFY(!edge["tags"].toArray()[3].toString().isEmpty());
+    }
+}
+
+void LamportDependencesViewTest::nodesAreTheWords() {
+    const QJsonArray nodes = describe({"f", {}})["nodes"].toArray();
+    QCOMPARE(nodes.first().toObject()["text"].toString(), QString("{"));
+    QCOMPARE(nodes.last().toObject()["text"].toString(), QString("}"));
+    for (int i = 0; i < nodes.size(); ++i) {
+        QCOMPARE(nodes[i].toObject()["id"].toInt(), i);
+        QCOMPARE(nodes[i].toObject()["visible"].toBool(), true);
+        QVERIFY(nodes[i].toObject()["rect"].toArray()[2].toInt() > 0);
+    }
+}
+
+void LamportDependencesViewTest::withoutDependencesThereIsTheText() {
+    const QJsonObject description = describe({"g", {}});
+    QCOMPARE(description["edges"].toArray(), QJsonArray());
+    QVERIFY(m_view->getWidget().isBuilded());
+    QCOMPARE(m_view->summarize(), QString("0 dependences"));
+}
+
+void LamportDependencesViewTest::theTableFollowsTheFilter() {
+    const int all = describe({"f", {}})["edges"].toArray().size();
+    QCOMPARE(table().model()->rowCount(), all);
+    QAction* flow = widget().getFilter().getActions().first();
+    QCOMPARE(flow->text(), QString("Flow"));
+    flow->trigger();
+    QCOMPARE(table().model()->rowCount(), all - 3);
+    for (int row = 0; row < table().model()->rowCount(); ++row)
+        QVERIFY(table().model()->index(row, 0).data().toString() != "flow");
+    flow->trigger();
+    QCOMPARE(table().model()->rowCount(), all);
+}
+
+void LamportDependencesViewTest::aRowShowsItsArrow() {
+    describe({"f", {}});
+    widget().resize(120, 60);
+    widget().show();
+    table().selectRow(table().model()->rowCount() - 1);
+    const int picked = table().getSelectedRecord();
+    QCOMPARE(widget().getSelectedEdge(), picked);
+    const QRect seen(widget().horizontalScrollBar()->value(), widget().verticalScrollBar()->value(),
+                     widget().viewport()->width(), widget().viewport()->height());
+    QVERIFY(QRectF(seen).intersects(widget().getEdges().at(picked)->getShape().boundingRect()));
+}
+
+void LamportDependencesViewTest::anArrowShowsItsRow() {
+    describe({"f", {}});
+    widget().resize(900, 400);
+    widget().show();
+    const auto& edges = widget().getEdges();
+    for (int i = 0; i < edges.size(); ++i) {
+        const QPoint place = edges.at(i)->getShape().pointAtPercent(0.3).toPoint();
+        const int there = widget().getEdgeByPos(place);
+        if (there < 0)
+            continue;
+        QTest::mouseMove(widget().viewport(), place);
+        QCOMPARE(table().getSelectedRecord(), widget().getSelectedEdge());
+        return;
+    }
+    QFAIL("no arrow can be hit");
+}
+
+void LamportDependencesViewTest::toolBarHasTheFilter() {
+    QStringList texts;
+    for (const QAction* action : m_view->getActions())
+        texts.append(action->text());
+    QCOMPARE(texts, QStringList({"Flow", "Anti", "Output", "Input", "Variables", "Carriers"}));
+}
+
+void LamportDependencesViewTest::clearedViewIsEmpty() {
+    describe({"f", {}});
+    m_view->clear();
+    QVERIFY(!m_view->getWidget().isBuilded());
+    QCOMPARE(m_view->summarize(), QString());
+    QCOMPARE(table().model()->rowCount(), 0);
+    QCOMPARE(m_view->describe()["nodes"].toArray(), QJsonArray());
+}
+
+void LamportDependencesViewTest::whatIsWorthAPicture() {
+    const ViewKind kind = LamportDependencesView::kind();
+    const SubjectFinder finder(m_program);
+    QVERIFY(kind.isWorthExporting(finder.find({"f", {}}, kind.preference).subject));
+    QVERIFY(!kind.isWorthExporting(finder.find({"g", {}}, kind.preference).subject));
+}
+
+} // namespace Kova::Shell
+
+QTEST_MAIN(Kova::Shell::LamportDependencesViewTest)
+#include "LamportDependencesViewTest.moc"

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "visualization/textgraph/WordLayout.h"
+
+#include "visualization/textgraph/NodeBase.h"
+
+#include <QFont>
+
+#include <algorithm>
+
+namespace Kova::GUI::TextGraph {
+
+namespace {
+
+int leadingBlanks(const QString& text) {
+    const auto firstInk = std::find_if(text.begin(), text.end(), [](QChar c) { return !c.isSpace(); });
+    return static_cast<int>(firstInk - text.begin());
+}
+
+bool isWordEmpty(const QString& text) {
+    return leadingBlanks(text) == text.size();
+}
+
+} // namespace
+
+WordLayout::WordLayout(const QFont& font, QList<NodesLine>& lines)
+    : m_metrics(font),
+      m_charWidth(m_metrics.averageCharWidth()),
+      m_lineHeight(m_metrics.height() - 1),
+      m_lines(lines) {}
+
+NodesLine& WordLayout::openLine() {
+    m_lines.append(NodesLine());
+    NodesLine& line = m_lines.last();
+    line.setY(m_lines.size() * (m_lineHeight + 2));
+    return line;
+}
+
+void WordLayout::place(NodesLine& line, NodeBase& node) {
+    node.setRect(rectOf(node.getText()));
+    line.nodes.append(&node);
+    m_rightEnd = std::max(m_rightEnd, node.getRightEnd());
+}
+
+void WordLayout::addWords(const ProgramLines& text, const MakeNode& makeNode) {
+    for (const std::list<BasicWord>& words : text) {
+        NodesLine& line = openLine();
+        int x = 0;
+        for (const BasicWord& word : words) {
+            const QString wordText = QString::fromStdString(word.text);
+            if (isWordEmpty(wordText)) {
+                x += blankWidth(wordText);
+                continue;
+            }
+            NodeBase* node = makeNode(QPoint(x, line.y), wordText, word.object);
+            place(line, *node);
+            x += m_charWidth / 2 + node->getRect().width();
+        }
+    }
+}
+
+void WordLayout::addStatements(const ProgramLines& text, const MakeNode& makeNode) {
+    for (const std::list<BasicWord>& words : text) {
+        NodesLine& line = openLine();
+        if (words.empty())
+            continue;
+        const QString wordText = QString::fromStdString(words.front().text);
+        const int blanks = leadingBlanks(wordText);
+        place(line, *makeNode(QPoint(m_charWidth * blanks, line.y), wordText.mid(blanks), words.front().object));
+    }
+}
+
+void WordLayout::addLine(NodeBase& node, int column) {
+    NodesLine& line = openLine();
+    node.setPos(QPoint(m_charWidth * column, line.y));
+    place(line, node);
+}
+
+const QRect& WordLayout::rectOf(const QString& text) {
+    auto known = m_rects.find(text);
+    if (known == m_rects.end()) {
+        QRect rect = m_metrics.boundingRect(text);
+        rect.setRight(rect.left() + m_charWidth * text.size() - 1);
+        known = m_rects.insert(text, rect);
+    }
+    return *known;
+}
+
+int WordLayout::blankWidth(const QString& blanks) {
+    auto known = m_blanks.find(blanks);
+    if (known == m_blanks.end())
+        known = m_blanks.insert(blanks, m_metrics.horizontalAdvance(blanks));
+    return *known;
+}
+
+QSize WordLayout::getSize() const {
+    return {m_rightEnd, m_lines.isEmpty() ? 0 : m_lines.last().y + m_lineHeight};
+}
+
+} // namespace Kova::GUI::TextGraph
