@@ -52,7 +52,7 @@ void AccessRecorder::note(const Place& place, bool writes) {
 
 void AccessRecorder::noteFollowed(const Place& pointer) {
     // A pointer that stays the same is a name for the memory, not data.
-    if (!m_course.getFacts().isInvariant(pointer))
+    if (!m_course.getFacts().isUnchanged(pointer))
         note(pointer, false);
 }
 
@@ -70,7 +70,7 @@ void AccessRecorder::noteDeclaration(const VariableDeclaration& variable) {
 void AccessRecorder::addSubscripts(Access& access, const Place& place) {
     if (place.isWhole)
         return;
-    if (!m_course.getFacts().isReachedByInvariants(place)) {
+    if (!m_course.getFacts().isReachedByFixed(place)) {
         access.assumption = {Doubt::Pointer, place.pointers.back()};
         return;
     }

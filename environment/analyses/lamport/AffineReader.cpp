@@ -198,7 +198,7 @@ AffineReader::Value AffineReader::readLvalue(const ExpressionBase& lvalue) {
         if (const std::optional<isl::val> fixed = readFixed(reference->getVariable()))
             return {constantOn(m_context, getDepth(), *fixed), false};
     }
-    if (places.size() != 1 || !isCountable(places.front().type) || !m_facts.isInvariant(places.front()))
+    if (places.size() != 1 || !isCountable(places.front().type) || !m_facts.isFixed(places.front()))
         return {};
     const std::optional<std::string> name = m_unknowns.nameOf(places.front());
     return name ? Value{unknownOn(m_context, getDepth(), *name), false} : Value();

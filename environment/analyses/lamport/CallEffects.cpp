@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/CallEffects_p.h"
 #include "environment/analyses/lamport/ExpressionWalker_p.h"
-#include "environment/analyses/lamport/RootExpressions_p.h"
+#include "environment/analyses/lamport/TreeFacts_p.h"
 #include "environment/analyses/lamport/TypeFacts_p.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ProgramUnit.h"

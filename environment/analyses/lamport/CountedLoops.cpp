@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/CountedLoops_p.h"
+#include "environment/analyses/lamport/TreeFacts_p.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/BlockStatement.h"
@@ -115,13 +116,6 @@ Step readStep(const ExpressionBase* increment) {
     default:
         return {};
     }
-}
-
-bool isInside(const TesselBase& node, const TesselBase* ancestor) {
-    for (const TesselBase* around = &node; around != nullptr; around = around->getParent())
-        if (around == ancestor)
-            return true;
-    return false;
 }
 
 bool mentions(ExpressionBase& expression, const VariableDeclaration& variable) {

@@ -74,6 +74,12 @@ DependenceFinder::DependenceFinder(const std::vector<Access>& accesses, const st
     }
 }
 
+bool DependenceFinder::isWanted(std::size_t source, std::size_t target) const {
+    const Access& first = m_accesses[source];
+    const Access& second = m_accesses[target];
+    return (first.writes || second.writes || m_withInput) && mayMeet(first.memory, second.memory);
+}
+
 AccessPair DependenceFinder::makePair(std::size_t source, std::size_t target) const {
     AccessPair pair = orderAccesses(m_accesses, source, target);
     const Memory& memory = m_accesses[source].memory;
@@ -108,10 +114,8 @@ void DependenceFinder::find(PairTest& test, const std::function<void(DependenceF
 }
 
 void DependenceFinder::findFrom(std::size_t source, PairTest& test, std::vector<Found>& found) const {
-    const Access& first = m_accesses[source];
     for (const std::size_t target : getAccessesOf(source)) {
-        const Access& second = m_accesses[target];
-        if ((!first.writes && !second.writes && !m_withInput) || !mayMeet(first.memory, second.memory))
+        if (!isWanted(source, target))
             continue;
         const AccessPair pair = makePair(source, target);
         if (std::optional<PairFacts> facts = testPair(test, pair))

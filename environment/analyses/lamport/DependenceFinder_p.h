@@ -21,6 +21,8 @@ public:
     /// Calls `use` for each arrow: by the position of the source occurrence, then of the target's, then by kind.
     void find(PairTest& test, const std::function<void(DependenceFacts)>& use) const;
 
+    /// Whether they may share memory and their pair is asked for.
+    [[nodiscard]] bool isWanted(std::size_t source, std::size_t target) const;
     [[nodiscard]] AccessPair makePair(std::size_t source, std::size_t target) const;
     /// The accesses, ascending, that use the same variable as the given one, itself included.
     [[nodiscard]] const std::vector<std::size_t>& getAccessesOf(std::size_t access) const {

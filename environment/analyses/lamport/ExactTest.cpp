@@ -38,10 +38,10 @@ std::size_t ExactTest::KeyHash::operator()(const Key& key) const {
                                     (key.inOrder ? 2 : 0) + (key.ordered ? 1 : 0));
 }
 
-ExactTest::ExactTest(isl::ctx context, const AccessShapes& shapes, unsigned long operations, Means means)
+ExactTest::ExactTest(isl::ctx context, const AccessShapes& shapes, Limits limits, Means means)
     : m_context(context),
       m_shapes(shapes),
-      m_operations(operations),
+      m_limits(limits),
       m_means(means),
       m_conditions(context, shapes.getUnknowns()),
       m_elements(shapes.getCount()) {}
@@ -99,15 +99,25 @@ std::optional<PairFacts> ExactTest::lookUp(const AccessPair& pair, const QuickTe
     const auto known = m_decided.find(key);
     if (known != m_decided.end())
         return known->second;
+    if (m_decided.size() >= m_limits.pairs)
+        return giveUp(pair, tests, ordered);
     return m_decided.emplace(key, decide(pair, tests, ordered)).first->second;
+}
+
+/// What the quick tests leave.
+std::optional<PairFacts> ExactTest::giveUp(const AccessPair& pair, const QuickTests& tests, bool ordered) {
+    std::optional<PairFacts> facts = ordered ? describeQuickly(tests, pair) : assumeAll(pair, {}, Doubt::WorkLimit);
+    if (facts)
+        facts->doubt = Doubt::WorkLimit;
+    return facts;
 }
 
 std::optional<PairFacts> ExactTest::decide(const AccessPair& pair, const QuickTests& tests, bool ordered) {
     try {
-        const OperationLimit limit(m_context, m_operations);
+        const OperationLimit limit(m_context, m_limits.operations);
         return ordered ? decideOrdered(pair, tests) : decideUnordered(pair);
     } catch (const isl::exception&) {
-        return assumeAll(pair, ordered ? listCarriers(pair) : std::vector<int>(), Doubt::WorkLimit);
+        return giveUp(pair, tests, ordered);
     }
 }
 

@@ -10,15 +10,17 @@ namespace DepGraph {
 /// Where two accesses meet, found by isl for all values of the unknowns where the quick tests leave it open.
 class ExactTest final : public PairTest {
 public:
-    /// What isl may spend on one pair.
-    static constexpr unsigned long defaultOperations = 1'000'000;
-
     /// Elimination of iteration numbers finds the same as isl in less time.
     enum class Means { EliminationFirst, IslAlone };
+    struct Limits {
+        /// What isl may spend on one pair.
+        unsigned long operations = 1'000'000;
+        /// How many pairs of different shape may be looked into in all.
+        std::size_t pairs = 100'000;
+    };
 
     /// @param shapes kept by reference.
-    ExactTest(isl::ctx context, const AccessShapes& shapes, unsigned long operations = defaultOperations,
-              Means means = Means::EliminationFirst);
+    ExactTest(isl::ctx context, const AccessShapes& shapes, Limits limits, Means means = Means::EliminationFirst);
 
     [[nodiscard]] std::optional<PairFacts> test(const AccessPair& pair) override;
     [[nodiscard]] std::optional<PairFacts> testUnordered(const AccessPair& pair) override;
@@ -46,13 +48,14 @@ private:
 
     [[nodiscard]] isl::map findMeetings(const AccessPair& pair);
     [[nodiscard]] std::optional<PairFacts> decide(const AccessPair& pair, const QuickTests& tests, bool ordered);
+    [[nodiscard]] static std::optional<PairFacts> giveUp(const AccessPair& pair, const QuickTests& tests, bool ordered);
     [[nodiscard]] std::optional<PairFacts> decideOrdered(const AccessPair& pair, const QuickTests& tests);
     [[nodiscard]] std::optional<PairFacts> decideUnordered(const AccessPair& pair);
     [[nodiscard]] std::optional<PairFacts> lookUp(const AccessPair& pair, const QuickTests& tests, bool ordered);
 
     isl::ctx m_context;
     const AccessShapes& m_shapes;
-    unsigned long m_operations;
+    Limits m_limits;
     Means m_means;
     ConditionTable m_conditions;
     /// For each shape the elements by the number of subscripts wanted.

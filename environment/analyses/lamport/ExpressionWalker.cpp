@@ -4,6 +4,7 @@
 #include "environment/analyses/lamport/TypeFacts_p.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/CastExpression.h"
 #include "environment/tessel/ConditionalExpression.h"
 #include "environment/tessel/GenericSelectionExpression.h"
 #include "environment/tessel/MemberExpression.h"
@@ -143,17 +144,37 @@ void ExpressionWalker::locateElement(SubscriptExpression& element) {
 }
 
 void ExpressionWalker::locateBehind(ExpressionBase& pointer) {
+    if (m_depth == deepestNesting) {
+        walkUnknown(pointer);
+        return;
+    }
+    ++m_depth;
     if (PlaceReader::isLvalueForm(pointer)) {
         locate(pointer);
         if (!m_places.isArrayValue(pointer))
             for (const Place& place : m_places.readLvalue(pointer))
                 m_sink.followPointer(place);
+    } else {
+        locateBehindOther(pointer);
+    }
+    --m_depth;
+}
+
+void ExpressionWalker::locateBehindOther(ExpressionBase& pointer) {
+    if (auto* binary = dynamic_cast<BinaryExpression*>(&pointer)) {
+        const ExpressionBase* base =
+            binary->getOperator() == BinaryOperator::Comma ? binary->getRight() : m_places.pointerOf(*binary);
+        for (ExpressionBase* operand : {binary->getLeft(), binary->getRight()})
+            operand != nullptr&& operand == base ? locateBehind(*operand) : walk(operand);
         return;
     }
-    auto* binary = dynamic_cast<BinaryExpression*>(&pointer);
-    if (const ExpressionBase* base = binary != nullptr ? m_places.pointerOf(*binary) : nullptr) {
-        for (ExpressionBase* operand : {binary->getLeft(), binary->getRight()})
-            operand == base ? locateBehind(*operand) : walk(operand);
+    if (auto* cast = dynamic_cast<CastExpression*>(&pointer);
+        cast != nullptr && cast->getOperand() != nullptr && m_places.isAddress(*cast->getOperand())) {
+        locateBehind(*cast->getOperand());
+        return;
+    }
+    if (auto* choice = dynamic_cast<ConditionalExpression*>(&pointer); choice != nullptr) {
+        walkChoice(*choice, [this](ExpressionBase& part) { locateBehind(part); });
         return;
     }
     auto* unary = dynamic_cast<UnaryExpression*>(&pointer);
@@ -234,16 +255,20 @@ void ExpressionWalker::visit(AssignmentExpression& node) {
 }
 
 void ExpressionWalker::visit(ConditionalExpression& node) {
-    walk(node.getCondition());
-    const auto walkIf = [&](ExpressionBase* part, bool value) {
-        if (part == nullptr || node.getCondition() == nullptr)
+    walkChoice(node, [this](ExpressionBase& part) { walk(&part); });
+}
+
+void ExpressionWalker::walkChoice(ConditionalExpression& choice, const std::function<void(ExpressionBase&)>& use) {
+    walk(choice.getCondition());
+    const auto useIf = [&](ExpressionBase* part, bool value) {
+        if (part == nullptr || choice.getCondition() == nullptr)
             return;
-        m_sink.enterIf(*node.getCondition(), value);
-        walk(part);
+        m_sink.enterIf(*choice.getCondition(), value);
+        use(*part);
         m_sink.leaveIf();
     };
-    walkIf(node.getFirst(), true);
-    walkIf(node.getSecond(), false);
+    useIf(choice.getFirst(), true);
+    useIf(choice.getSecond(), false);
 }
 
 void ExpressionWalker::visit(SubroutineCallExpression& node) {

@@ -5,6 +5,8 @@
 #include "environment/analyses/lamport/PlaceReader_p.h"
 #include "environment/tessel/BaseVisitor.h"
 
+#include <functional>
+
 namespace DepGraph {
 
 /// Evaluates an expression as the program does and tells a sink of every access. Where the language leaves the order
@@ -49,6 +51,9 @@ private:
     void locateElement(Kova::Tessel::SubscriptExpression& element);
     /// Evaluates a pointer that is followed.
     void locateBehind(Kova::Tessel::ExpressionBase& pointer);
+    void locateBehindOther(Kova::Tessel::ExpressionBase& pointer);
+    void walkChoice(Kova::Tessel::ConditionalExpression& choice,
+                    const std::function<void(Kova::Tessel::ExpressionBase&)>& use);
     void walkShortCircuit(Kova::Tessel::BinaryExpression& node);
     void walkArgument(Kova::Tessel::SubroutineCallExpression& call, std::size_t index);
     void reachThrough(Kova::Tessel::SubroutineCallExpression& call, std::size_t index);

@@ -51,8 +51,7 @@ bool ForwardValues::isForwarded(const AssignmentExpression& assignment) const {
     if (target == nullptr || block == nullptr || assignment.isCompound() || m_jumps.hasLabels())
         return false;
     const VariableDeclaration& variable = target->getVariable();
-    const bool hasOtherValue = m_facts.isDeclared(variable) && variable.getInitializer() != nullptr;
-    if (!isStable(variable) || m_facts.getWriters(variable).size() != 1 || hasOtherValue ||
+    if (!isStable(variable) || m_facts.getWriters(variable).size() != 1 || m_facts.isInitialized(variable) ||
         isPassedByCases(*statement, *block))
         return false;
     const auto& words = m_facts.getWords(variable);

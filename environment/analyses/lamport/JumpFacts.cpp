@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/JumpFacts_p.h"
+#include "environment/analyses/lamport/TreeFacts_p.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/BreakStatement.h"
 #include "environment/tessel/CaseStatement.h"
@@ -16,17 +17,6 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
-
-namespace {
-
-bool isInside(const TesselBase& node, const TesselBase& ancestor) {
-    for (const TesselBase* around = &node; around != nullptr; around = around->getParent())
-        if (around == &ancestor)
-            return true;
-    return false;
-}
-
-} // namespace
 
 JumpFacts::JumpFacts(BlockStatement& block, const BlockFacts& facts) : m_block(block), m_facts(facts) {
     for (TesselBase& node : Service::Preorder(block))
@@ -56,7 +46,7 @@ void JumpFacts::readInside(TesselBase& node) {
 }
 
 bool JumpFacts::isInBlock(const TesselBase& node) const {
-    return isInside(node, m_block);
+    return isInside(node, &m_block);
 }
 
 std::size_t JumpFacts::countLoopsAround(const TesselBase& node) const {
@@ -77,7 +67,7 @@ void JumpFacts::readGoto(const GotoStatement& jump) {
         disorder(jump);
     } else {
         for (const TesselBase* around = label->getParent(); around != &m_block; around = around->getParent())
-            if (dynamic_cast<const LoopStatement*>(around) != nullptr && !isInside(jump, *around))
+            if (dynamic_cast<const LoopStatement*>(around) != nullptr && !isInside(jump, around))
                 disorder(jump);
         leaveLoops(jump, label);
     }
@@ -113,7 +103,7 @@ void JumpFacts::leaveLoops(const TesselBase& jump, const TesselBase* target) {
     for (const TesselBase* around = jump.getParent(); around != nullptr && around != &m_block;
          around = around->getParent()) {
         const auto* loop = dynamic_cast<const LoopStatement*>(around);
-        if (loop == nullptr || (target != nullptr && isInside(*target, *loop)))
+        if (loop == nullptr || (target != nullptr && isInside(*target, loop)))
             continue;
         m_exits.try_emplace(loop, &jump);
         m_escapes.try_emplace(loop, &jump);

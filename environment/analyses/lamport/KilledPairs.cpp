@@ -55,6 +55,7 @@ isl::map KilledPairs::findLiving(std::size_t source, std::size_t target, const s
     startVariable(target);
     isl::map living = findBefore(source, target);
     for (const std::size_t write : writes) {
+        ++m_steps;
         const isl::map toWrite = findBefore(source, write);
         const isl::map killed = toWrite.apply_range(findBefore(write, target)).intersect(living);
         if (killed.is_empty())

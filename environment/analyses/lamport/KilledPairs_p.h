@@ -19,6 +19,9 @@ public:
     /// @throws isl::exception when isl has come to its limit.
     [[nodiscard]] isl::map findLiving(std::size_t source, std::size_t target, const std::vector<std::size_t>& writes);
 
+    /// How many writes have been taken out of relations so far.
+    [[nodiscard]] std::size_t countSteps() const { return m_steps; }
+
 private:
     using Members = std::vector<const Kova::Tessel::DeclarationBase*>;
 
@@ -30,6 +33,7 @@ private:
     const std::vector<Access>& m_accesses;
     const DependenceFinder& m_finder;
     ExactTest& m_exact;
+    std::size_t m_steps = 0;
 
     // All that follows is of one variable at a time.
     const std::vector<std::size_t>* m_variable = nullptr;

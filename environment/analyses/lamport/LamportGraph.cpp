@@ -37,8 +37,7 @@ void LamportGraph::Build(Kova::Tessel::BlockStatement& block, EN_LamportGraphBui
     Clear();
     m_model = std::make_unique<AccessModel>(block);
     m_withInput = withInput;
-    OrderTest test;
-    findArrows(test);
+    m_unrefined = true;
 }
 
 void LamportGraph::Refine(EN_RefineMethod method) {
@@ -52,10 +51,10 @@ void LamportGraph::Refine(EN_RefineMethod method) {
         findArrows(test);
         return;
     }
-    ExactTest exact(context, shapes);
+    ExactTest exact(context, shapes, {});
     if (method == RM_VALUE_BASED) {
         const DependenceFinder finder(accesses, m_model->getDeclarations(), m_model->getDisorder(), m_withInput);
-        ValueBasedTest test(context, accesses, shapes, finder, exact);
+        ValueBasedTest test(context, accesses, shapes, finder, exact, {});
         findArrows(test);
         return;
     }
@@ -66,9 +65,19 @@ void LamportGraph::Clear() {
     m_arrows.clear();
     m_owned.clear();
     m_model.reset();
+    m_unrefined = false;
 }
 
-void LamportGraph::findArrows(PairTest& test) {
+const std::vector<LampArrow*>& LamportGraph::getArrows() const {
+    if (m_unrefined) {
+        OrderTest test;
+        findArrows(test);
+    }
+    return m_arrows;
+}
+
+void LamportGraph::findArrows(PairTest& test) const {
+    m_unrefined = false;
     m_arrows.clear();
     m_owned.clear();
     const DependenceFinder finder(m_model->getAccesses(), m_model->getDeclarations(), m_model->getDisorder(),

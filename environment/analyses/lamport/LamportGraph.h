@@ -36,17 +36,21 @@ public:
     void Refine(EN_RefineMethod method);
     void Clear();
 
-    /// In the order of the source occurrences in the block, then of the targets', then of the kinds' numbers.
-    [[nodiscard]] const std::vector<LampArrow*>& getArrows() const { return m_arrows; }
+    /// In the order of the source occurrences in the block, then of the targets', then of the kinds' numbers. Stays as
+    /// it is until the next call of Build(), Refine() or Clear().
+    [[nodiscard]] const std::vector<LampArrow*>& getArrows() const;
 
 private:
-    void findArrows(PairTest& test);
+    void findArrows(PairTest& test) const;
 
     std::unique_ptr<AccessModel> m_model;
     bool m_withInput = false;
+    // What Build() finds is made when it is first asked for: there is much of it, and Refine() puts something else in
+    // its place.
+    mutable bool m_unrefined = false;
     // Keeps its elements in place while it grows.
-    std::deque<LampArrow> m_owned;
-    std::vector<LampArrow*> m_arrows;
+    mutable std::deque<LampArrow> m_owned;
+    mutable std::vector<LampArrow*> m_arrows;
 };
 
 } // namespace DepGraph

@@ -20,13 +20,13 @@ bool begins(const Memory& start, const Memory& whole) {
 } // namespace
 
 ValueBasedTest::ValueBasedTest(isl::ctx context, const std::vector<Access>& accesses, const AccessShapes& shapes,
-                               const DependenceFinder& finder, ExactTest& exact, unsigned long operations)
+                               const DependenceFinder& finder, ExactTest& exact, Limits limits)
     : m_context(context),
       m_accesses(accesses),
       m_shapes(shapes),
       m_finder(finder),
       m_exact(exact),
-      m_operations(operations),
+      m_limits(limits),
       m_killed(accesses, finder, exact),
       m_flows(accesses.size()) {}
 
@@ -42,7 +42,7 @@ std::optional<PairFacts> ValueBasedTest::test(const AccessPair& pair) {
 std::vector<ValueBasedTest::Source> ValueBasedTest::findSources(std::size_t target) {
     std::vector<Source> sources;
     for (const std::size_t access : m_finder.getAccessesOf(target)) {
-        if (!mayMeet(m_accesses[access].memory, m_accesses[target].memory))
+        if (!m_finder.isWanted(access, target))
             continue;
         const AccessPair pair = m_finder.makePair(access, target);
         if (pair.commonLoops == 0 && !pair.inOrder)
@@ -57,10 +57,7 @@ ValueBasedTest::Flows ValueBasedTest::findFlows(std::size_t target) {
     std::vector<Source> sources = findSources(target);
     if (isStraight(target, sources))
         return scanStraight(target, std::move(sources));
-    std::vector<std::size_t> writes;
-    for (const Source& source : sources)
-        if (isDefiniteWrite(m_accesses[source.pair.source]))
-            writes.push_back(source.pair.source);
+    const std::vector<std::size_t> writes = findWrites(target, sources);
     Flows flows;
     for (Source& source : sources)
         if (std::optional<PairFacts> facts = findFlow(source, writes))
@@ -68,17 +65,33 @@ ValueBasedTest::Flows ValueBasedTest::findFlows(std::size_t target) {
     return flows;
 }
 
+/// The writes that may come between a source and the target; the likeliest, those shortly before the target, first.
+std::vector<std::size_t> ValueBasedTest::findWrites(std::size_t target, const std::vector<Source>& sources) const {
+    std::vector<std::size_t> writes;
+    for (const Source& source : sources)
+        if (isDefiniteWrite(m_accesses[source.pair.source]))
+            writes.push_back(source.pair.source);
+    const auto behind = std::lower_bound(writes.begin(), writes.end(), target);
+    std::reverse(writes.begin(), behind);
+    std::reverse(behind, writes.end());
+    return writes;
+}
+
 std::optional<PairFacts> ValueBasedTest::findFlow(Source& source, const std::vector<std::size_t>& writes) {
-    const AccessPair& pair = source.pair;
-    try {
-        const OperationLimit limit(m_context, m_operations);
-        const isl::map living = m_killed.findLiving(pair.source, pair.target, writes);
-        const QuickTests tests(m_shapes.getShape(pair.source), m_shapes.getShape(pair.target), pair.commonLoops);
-        return RelationFacts(living, pair.commonLoops, tests).describe(listCarriers(pair));
-    } catch (const isl::exception&) {
-        source.memoryBased.doubt = Doubt::WorkLimit;
+    if (writes.empty())
         return std::move(source.memoryBased);
-    }
+    const AccessPair& pair = source.pair;
+    if (m_killed.countSteps() < m_limits.steps)
+        try {
+            const OperationLimit limit(m_context, m_limits.operations);
+            const isl::map living = m_killed.findLiving(pair.source, pair.target, writes);
+            const QuickTests tests(m_shapes.getShape(pair.source), m_shapes.getShape(pair.target), pair.commonLoops);
+            return RelationFacts(living, pair.commonLoops, tests).describe(listCarriers(pair));
+        } catch (const isl::exception&) {
+            // Too much for isl: below.
+        }
+    source.memoryBased.doubt = Doubt::WorkLimit;
+    return std::move(source.memoryBased);
 }
 
 /// Whether everything is outside loops and at elements that are known, so that no isl is needed.

@@ -12,12 +12,16 @@ namespace DepGraph {
 /// assumption never ends what came before it.
 class ValueBasedTest final : public PairTest {
 public:
-    /// What isl may spend on one pair.
-    static constexpr unsigned long defaultOperations = 1'000'000;
+    struct Limits {
+        /// What isl may spend on one pair.
+        unsigned long operations = 1'000'000;
+        /// How many writes may be taken out of pairs in all.
+        std::size_t steps = 200'000;
+    };
 
     /// All but the context kept by reference. @param exact tells which pairs meet at all.
     ValueBasedTest(isl::ctx context, const std::vector<Access>& accesses, const AccessShapes& shapes,
-                   const DependenceFinder& finder, ExactTest& exact, unsigned long operations = defaultOperations);
+                   const DependenceFinder& finder, ExactTest& exact, Limits limits);
 
     [[nodiscard]] std::optional<PairFacts> test(const AccessPair& pair) override;
     /// Without an order nobody is between.
@@ -35,6 +39,7 @@ private:
 
     [[nodiscard]] std::vector<Source> findSources(std::size_t target);
     [[nodiscard]] Flows findFlows(std::size_t target);
+    [[nodiscard]] std::vector<std::size_t> findWrites(std::size_t target, const std::vector<Source>& sources) const;
     [[nodiscard]] std::optional<PairFacts> findFlow(Source& source, const std::vector<std::size_t>& writes);
     [[nodiscard]] bool isStraight(std::size_t target, const std::vector<Source>& sources) const;
     [[nodiscard]] Flows scanStraight(std::size_t target, std::vector<Source> sources) const;
@@ -45,7 +50,7 @@ private:
     const AccessShapes& m_shapes;
     const DependenceFinder& m_finder;
     ExactTest& m_exact;
-    unsigned long m_operations;
+    Limits m_limits;
     KilledPairs m_killed;
     /// For each access what it depends on, once it has been asked for.
     std::vector<std::optional<Flows>> m_flows;

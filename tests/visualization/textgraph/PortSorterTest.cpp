@@ -6,7 +6,6 @@
 #include "visualization/textgraph/EdgesList.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 #include <memory>
@@ -308,32 +307,29 @@ private Q_SLOTS:
         QVERIFY(graph.agree());
     }
 
-    void thousandsOfPortsAtOneNodeDoNotFreeze_data() {
+    void thousandsOfPortsComeAndGo_data() {
         QTest::addColumn<int>("width");
         QTest::newRow("usual width") << 66;
         QTest::newRow("a place for each") << 20000;
     }
-    void thousandsOfPortsAtOneNodeDoNotFreeze() {
+    void thousandsOfPortsComeAndGo() {
         QFETCH(int, width);
         TwinGraph graph;
         const auto hub = graph.addNode(QPoint(0, 20), textRect(width));
         for (int i = 0; i < 500; ++i)
             graph.addNode(QPoint(20000 - 40 * i, 60 + 30 * i), textRect(60));
-        QElapsedTimer timer;
-        timer.start();
         for (std::size_t i = 0; i < 5000; ++i)
-            graph.edges.push_back(
-                std::make_unique<EdgeBase>(graph.nodes[hub].get(), graph.nodes[1 + i * 7 % 500].get()));
-        for (int round = 0; round < 4; ++round)
-            graph.nodes[hub]->reorder(4);
-        for (const auto& edge : graph.edges)
-            edge->setVisible(false);
-        for (const auto& edge : graph.edges)
-            edge->setVisible(true);
-        graph.nodes[hub]->reorder(4);
-        // About 0.1 s; several times as much on a busy machine, minutes for comparisons that look everything up.
-        QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
-        QCOMPARE(graph.nodes[hub]->getDownPorts().size(), std::size_t{5000});
+            graph.addEdge(hub, 1 + i * 7 % 500);
+        graph.reorder(hub, 4);
+        for (std::size_t i = 0; i < 5000; i += 2)
+            graph.setVisible(i, false);
+        graph.reorder(hub, 1);
+        QVERIFY(graph.agree());
+        for (std::size_t i = 0; i < 5000; ++i)
+            graph.setVisible(i, i % 3 != 0);
+        graph.reorder(hub, 4);
+        QVERIFY(graph.agree());
+        QCOMPARE(graph.nodes[hub]->getDownPorts().size(), std::size_t{3333});
     }
 };
 

@@ -30,10 +30,9 @@ inline FoundArcs findArcs(const NestAccesses& accesses, DepGraph::PairTest& test
     return arcs;
 }
 
-inline FoundArcs findExactly(isl::ctx context, const NestAccesses& accesses,
-                             unsigned long operations = DepGraph::ExactTest::defaultOperations) {
+inline FoundArcs findExactly(isl::ctx context, const NestAccesses& accesses, DepGraph::ExactTest::Limits limits = {}) {
     const DepGraph::AccessShapes shapes(context, accesses.get());
-    DepGraph::ExactTest test(context, shapes, operations);
+    DepGraph::ExactTest test(context, shapes, limits);
     return findArcs(accesses, test);
 }
 
@@ -44,11 +43,11 @@ inline FoundArcs findQuickly(isl::ctx context, const NestAccesses& accesses) {
 }
 
 inline FoundArcs findValueBased(isl::ctx context, const NestAccesses& accesses,
-                                unsigned long operations = DepGraph::ValueBasedTest::defaultOperations) {
+                                DepGraph::ValueBasedTest::Limits limits = {}) {
     const DepGraph::AccessShapes shapes(context, accesses.get());
-    DepGraph::ExactTest exact(context, shapes);
+    DepGraph::ExactTest exact(context, shapes, {});
     const DepGraph::DependenceFinder finder(accesses.get(), {}, nullptr, true);
-    DepGraph::ValueBasedTest test(context, accesses.get(), shapes, finder, exact, operations);
+    DepGraph::ValueBasedTest test(context, accesses.get(), shapes, finder, exact, limits);
     return findArcs(accesses, test);
 }
 

@@ -24,8 +24,11 @@ public:
 private:
     [[nodiscard]] static std::string write(const NestOccurrence& occurrence) {
         std::string text = nameArray(occurrence.array);
-        for (const Affine& subscript : occurrence.subscripts)
+        for (Affine subscript : occurrence.subscripts) {
+            // Arrays begin at 0.
+            subscript.constant += 40;
             text += "[" + write(subscript) + "]";
+        }
         return text;
     }
 

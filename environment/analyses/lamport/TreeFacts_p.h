@@ -6,6 +6,7 @@
 namespace Kova::Tessel {
 class BlockStatement;
 class ExpressionBase;
+class TesselBase;
 } // namespace Kova::Tessel
 
 namespace DepGraph {
@@ -14,6 +15,9 @@ namespace DepGraph {
 /// printed.
 void forEachRootExpression(Kova::Tessel::BlockStatement& block,
                            const std::function<void(Kova::Tessel::ExpressionBase&)>& use);
+
+/// Whether a node is below another one or the same. False when the other one is null.
+[[nodiscard]] bool isInside(const Kova::Tessel::TesselBase& node, const Kova::Tessel::TesselBase* ancestor);
 
 [[nodiscard]] bool isFortranCode(const Kova::Tessel::BlockStatement& block);
 

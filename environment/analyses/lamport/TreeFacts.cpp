@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "environment/analyses/lamport/RootExpressions_p.h"
+#include "environment/analyses/lamport/TreeFacts_p.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ExpressionBase.h"
 #include "environment/tessel/TranslationUnit.h"
@@ -19,6 +19,13 @@ void forEachRootExpression(BlockStatement& block, const std::function<void(Expre
             ++node;
         }
     }
+}
+
+bool isInside(const TesselBase& node, const TesselBase* ancestor) {
+    for (const TesselBase* around = &node; around != nullptr; around = around->getParent())
+        if (around == ancestor)
+            return true;
+    return false;
 }
 
 bool isFortranCode(const BlockStatement& block) {
