@@ -14,6 +14,7 @@
 #include <clang/AST/Attr.h>
 #include <clang/AST/Decl.h>
 #include <clang/AST/DeclCXX.h>
+#include <clang/Basic/SourceManager.h>
 
 namespace Kova::Frontends {
 
@@ -72,6 +73,15 @@ void addAttributes(DeclarationBase& declaration, const std::string& attributes) 
         declaration.setAttributes(own.empty() ? attributes : own + ' ' + attributes);
 }
 
+/// A constant of a header that the file does not use: compilers only speak of those that the file itself declares,
+/// which all are in a printed one.
+bool isUnusedOfHeader(const clang::VarDecl& variable, const clang::SourceManager& sources) {
+    return variable.isFileVarDecl() && variable.getStorageClass() == clang::SC_Static &&
+           variable.getType().isConstQualified() && !variable.isReferenced() &&
+           !variable.hasAttr<clang::UnusedAttr>() &&
+           !sources.isWrittenInMainFile(sources.getExpansionLoc(variable.getLocation()));
+}
+
 /// Gives declarations that have their names only what else belongs to them.
 class Completion {
 public:
@@ -128,6 +138,8 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
 void Completion::complete(const clang::VarDecl& from, VariableDeclaration& variable) {
     describe(from, variable);
     variable.setStorageClass(storageOf(from));
+    if (isUnusedOfHeader(from, m_context.clang.getSourceManager()))
+        addAttributes(variable, "__attribute__((unused))");
     const auto* parameter = llvm::dyn_cast<clang::ParmVarDecl>(&from);
     variable.setParameter(parameter != nullptr);
     if (parameter != nullptr)

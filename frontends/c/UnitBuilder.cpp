@@ -7,6 +7,8 @@
 #include <clang/AST/ASTContext.h>
 #include <clang/AST/Decl.h>
 
+#include <algorithm>
+
 namespace Kova::Frontends {
 
 using namespace Tessel;
@@ -30,9 +32,18 @@ bool isWorthLooking(const clang::Decl& declaration) {
     return !declaration.isInvalidDecl() || (function != nullptr && function->doesThisDeclarationHaveABody());
 }
 
+/// Clang writes `bool` where any header made it a word; the printed file has that word from one it includes itself.
+void chooseWords(clang::ASTContext& context, const TranslationUnit& unit) {
+    const std::vector<std::string>& includes = unit.getSystemIncludes();
+    clang::PrintingPolicy policy = context.getPrintingPolicy();
+    policy.Bool = context.getLangOpts().Bool || std::count(includes.begin(), includes.end(), "<stdbool.h>") != 0;
+    context.setPrintingPolicy(policy);
+}
+
 } // namespace
 
 bool buildUnit(clang::ASTContext& context, const ParsedText& parsed, ProgramUnit& program, TranslationUnit& unit) {
+    chooseWords(context, unit);
     UnitContext unitContext(context, parsed, program, unit);
     unit.setSourceRange({program.obtainSourceFile(unit.getPath()), 0, 0, 0, 0});
     bool foundAny = false;

@@ -153,6 +153,17 @@ TEST(LanguageRoundTripTest, arraysWithoutALength) {
         "printf(\"%s %d %d\\n\", names[1], late[1], (int[][2]) { { 1, 2 }, { 3, 4 } }[1][0]);")));
 }
 
+TEST(LanguageRoundTripTest, headersOfTheProgram) {
+    const SourceFolder folder;
+    folder.write("own.h",
+                 "#pragma once\n#include <stdbool.h>\n#include <stdio.h>\nstatic const int used = 1, unused = 2;\n"
+                 "static inline bool is(int x) { return x == used; }\nbool later(_Bool);\n");
+    EXPECT_TRUE(survivesRoundTrip(
+        {folder.write("a.c",
+                      "#include \"own.h\"\nint main(void) { printf(\"%d\\n\", is(1) + later(true)); return 0; }\n"),
+         folder.write("b.c", "#include \"own.h\"\nbool later(bool b) { return !b; }\n")}));
+}
+
 TEST(LanguageRoundTripTest, oldPrograms) {
     EXPECT_TRUE(
         textSurvivesRoundTrip("#include <stdio.h>\nstatic g;\nint add(a, b) short a; float b; { return a + (int) b; }\n"

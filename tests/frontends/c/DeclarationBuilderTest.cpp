@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "environment/tessel/TranslationUnit.h"
 #include "tests/frontends/c/Reading.h"
 
 #include <gtest/gtest.h>
@@ -146,6 +147,22 @@ TEST(DeclarationBuilderTest, attributesAreThoseThatTheSourceWrites) {
               "variable x int = 1 __attribute__((unused))\n"
               "function printf fn(ptr(const char),...)->int\n"
               "  parameter  ptr(const char)\n");
+}
+
+TEST(DeclarationBuilderTest, constantsOfAHeaderNeedNotBeUsed) {
+    const SourceFolder folder;
+    folder.write("own.h", "static const int a = 1, b = 2;\nstatic const char *const c = \"c\";\n"
+                          "static const int d[] __attribute__((unused)) = { 1 };\nstatic int e;\nconst int f = 3;\n");
+    const std::string path =
+        folder.write("a.c", "#include \"own.h\"\nstatic const int g = 4;\nint h(void) { return b; }\n");
+    Tessel::ProgramUnit program;
+    ASSERT_EQ(Frontends::CFrontend({}).read(path, program), Frontends::CFrontend::Result::Complete);
+    std::string unused;
+    for (std::size_t i = 0; i < 7; ++i)
+        if (const Tessel::DeclarationBase& each = *program.getTranslationUnit(0)->getDeclaration(i);
+            !each.getAttributes().empty())
+            unused += each.getName() + each.getAttributes() + '\n';
+    EXPECT_EQ(unused, "a__attribute__((unused))\nc__attribute__((unused))\nd__attribute__((unused))\n");
 }
 
 TEST(DeclarationBuilderTest, rareDeclarationsKeepTheirText) {

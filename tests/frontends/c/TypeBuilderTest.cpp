@@ -33,6 +33,14 @@ TEST(TypeBuilderTest, basicTypes) {
     EXPECT_EQ(typeOf("unsigned _BitInt(7) a;"), "unsigned _BitInt(7)");
 }
 
+TEST(TypeBuilderTest, theWordForTruthIsThatOfTheFilesOwnHeaders) {
+    EXPECT_EQ(typeOf("#include <stdbool.h>\nbool a;"), "bool");
+    EXPECT_EQ(typeOf("#include <stdbool.h>\n_Bool a;"), "bool");
+    EXPECT_EQ(typeOf("#define bool _Bool\nbool a;"), "_Bool");
+    EXPECT_EQ(bodyOf("__asm__(\"\" : : \"r\"((bool) N));", "#define bool _Bool\n#define N 1\n"),
+              "opaque `__asm__ (\"\" :  : \"r\" ((_Bool)1));` (cast _Bool 1)\n");
+}
+
 TEST(TypeBuilderTest, categoriesAndSizes) {
     const Reading reading("char c; unsigned short u; double d; _Bool b; _Complex double z; void* v;");
     const auto basic = [&reading](std::size_t index) -> const Tessel::BasicType& {

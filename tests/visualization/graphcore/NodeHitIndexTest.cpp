@@ -6,8 +6,6 @@
 
 #include <QtTest>
 
-#include <functional>
-
 using namespace Kova::GUI::GenericGraph;
 
 class NodeHitIndexTest : public QObject {
@@ -72,24 +70,11 @@ private Q_SLOTS:
         QFETCH(int, nodes);
         QFETCH(int, extent);
         RandomGraph graph(3, nodes, 0, extent);
-        const std::function<void()> changes[] = {
-            [&] { graph.moveAnywhere(*graph.anyNode()); },
-            [&] { graph.anyNode()->move(graph.any(-20, 20), graph.any(-20, 20)); },
-            [&] { graph.anyNode()->setSize(graph.any(-1, 200), graph.any(-1, 200)); },
-            [&] { graph.anyNode()->setVisible(graph.any(0, 2) != 0); },
-            [&] { std::swap(graph.anyNode(), graph.anyNode()); },
-            [&] { graph.anyNode() = graph.makeNode(); },
-            [&] { graph.addNode(); },
-            [&] {
-                if (graph.nodes.size() > 1)
-                    graph.nodes.pop_back();
-            },
-        };
         NodeHitIndex index;
         int hits = 0;
         for (int round = 0; round < 800; ++round) {
             if (round % 3 != 0)
-                changes[graph.any(0, 7)]();
+                graph.changeNodes();
             const QRect box = graph.anyNode()->getRect();
             for (const QPoint& point : {graph.anyPoint(), box.topLeft(), box.bottomRight(), box.topRight(),
                                         box.bottomLeft() - QPoint(1, 0), box.center()}) {

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace Kova::GUI::GenericGraph {
@@ -61,6 +62,48 @@ public:
     void moveAnywhere(NodeBase& node) {
         const QPoint center = anyPoint();
         node.moveTo(center.x(), center.y());
+    }
+
+    /// Changes a node, or the list of nodes, which keeps one at least. Edges may lose a node from the list.
+    void changeNodes() {
+        switch (any(0, 7)) {
+        case 0:
+            return moveAnywhere(*anyNode());
+        case 1:
+            return anyNode()->move(any(-20, 20), any(-20, 20));
+        case 2:
+            return anyNode()->setSize(any(-1, 200), any(-1, 200));
+        case 3:
+            return anyNode()->setVisible(any(0, 2) != 0);
+        case 4:
+            return std::swap(anyNode(), anyNode());
+        case 5:
+            anyNode() = makeNode();
+            return;
+        case 6:
+            return addNode();
+        default:
+            if (nodes.size() > 1)
+                nodes.pop_back();
+        }
+    }
+
+    /// Changes an edge, or the list of edges, which keeps one at least.
+    void changeEdges() {
+        switch (any(0, 4)) {
+        case 0:
+            return anyEdge()->setShapeKind(static_cast<ShapeKind>(any(0, 2)));
+        case 1:
+            return std::swap(anyEdge(), anyEdge());
+        case 2:
+            anyEdge()->getTarget()->move(1, 0);
+            return;
+        case 3:
+            return addEdge();
+        default:
+            if (edges.size() > 1)
+                edges.pop_back();
+        }
     }
 
 private:
