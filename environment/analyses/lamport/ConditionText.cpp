@@ -107,7 +107,7 @@ using ConstraintPtr = std::unique_ptr<isl_constraint, decltype(&isl_constraint_f
 using ConstraintListPtr = std::unique_ptr<isl_constraint_list, decltype(&isl_constraint_list_free)>;
 
 struct ConstraintText {
-    std::size_t unknowns;
+    std::size_t terms;
     std::string text;
 };
 
@@ -130,9 +130,10 @@ std::vector<ConstraintText> describeConstraints(const isl::basic_set& set) {
 
 std::string describeConjunction(const isl::basic_set& set) {
     std::vector<ConstraintText> constraints = describeConstraints(set);
-    // Those of single unknowns first.
-    std::stable_sort(constraints.begin(), constraints.end(),
-                     [](const ConstraintText& a, const ConstraintText& b) { return a.unknowns < b.unknowns; });
+    // Those of single unknowns first; not in isl's order, which depends on how the set came about.
+    std::sort(constraints.begin(), constraints.end(), [](const ConstraintText& a, const ConstraintText& b) {
+        return a.terms != b.terms ? a.terms < b.terms : a.text < b.text;
+    });
     std::string text;
     for (const ConstraintText& constraint : constraints)
         text += (text.empty() ? "" : " and ") + constraint.text;
@@ -150,9 +151,15 @@ std::string describeCondition(const isl::set& unknowns) {
         return {};
     // Last, since simplifying forgets what the quotients are.
     simple = isl::manage(isl_set_compute_divs(simple.release()));
+    std::vector<std::string> alternatives;
+    simple.foreach_basic_set([&](const isl::basic_set& part) {
+        if (!part.is_empty())
+            alternatives.push_back(describeConjunction(part));
+    });
+    std::sort(alternatives.begin(), alternatives.end());
     std::string text;
-    simple.foreach_basic_set(
-        [&](const isl::basic_set& part) { text += (text.empty() ? "" : " or ") + describeConjunction(part); });
+    for (const std::string& alternative : alternatives)
+        text += (text.empty() ? "" : " or ") + alternative;
     return text.empty() ? "false" : text;
 }
 
