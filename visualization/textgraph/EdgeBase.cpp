@@ -26,6 +26,11 @@ std::unique_ptr<EdgeBase::EdgeShapeBase> chooseShape(const GraphNodeBase* from, 
 
 EdgeBase::EdgeShapeBase::~EdgeShapeBase() = default;
 
+void EdgeBase::EdgeShapeBase::hideInternal(EdgeBase* edge) {
+    edge->releasePort(EdgeSide::From);
+    edge->releasePort(EdgeSide::To);
+}
+
 EdgeBase::EdgeBase(GraphNodeBase* from, GraphNodeBase* to)
     : m_from(from),
       m_to(to),

@@ -24,18 +24,24 @@ class GraphNodeBase;
 /// hidden edge takes up no room on its nodes and comes back as their last port.
 class VISUALIZATION_EXPORT EdgeBase : public TypeConvertibleMix {
 public:
+    enum ShapeType : int {
+        Straight = 1, ///< between lines
+        Arc = 2,      ///< within a line
+        Loop = 3      ///< from a node to itself
+    };
+
     /// How an edge runs and where it attaches. Chosen once, from the places of the nodes when the edge is made.
     class EdgeShapeBase {
     public:
-        /// 1 between lines, 2 within a line, 3 from a node to itself.
+        /// One of ShapeType.
         [[nodiscard]] virtual int getType() const = 0;
         /// Adds the curve without arrowhead to the path and sets the inner control points.
         /// @param points four points; the first and the last are the places of the ports, which it may move.
         virtual void processInternal(const EdgeBase* edge, QPainterPath& path, QPoint* points) const = 0;
         /// Takes the ports.
         virtual void showInternal(EdgeBase* edge) = 0;
-        /// Gives the ports back.
-        virtual void hideInternal(EdgeBase* edge) = 0;
+        /// Gives both ports back.
+        virtual void hideInternal(EdgeBase* edge);
         virtual ~EdgeShapeBase();
 
     protected:
@@ -71,7 +77,7 @@ public:
     [[nodiscard]] GraphNodeBase* getFrom() const { return m_from; }
     [[nodiscard]] GraphNodeBase* getTo() const { return m_to; }
     [[nodiscard]] GraphNodeBase* getNode(EdgeSide side) const { return side == EdgeSide::From ? m_from : m_to; }
-    /// See EdgeShapeBase::getType().
+    /// One of ShapeType.
     [[nodiscard]] int getShapeType() const { return m_shapeType; }
     [[nodiscard]] const QPen& getPen() const { return m_pen; }
     [[nodiscard]] const QPen& getSelectedPen() const { return m_selectedPen; }
@@ -79,10 +85,8 @@ public:
     [[nodiscard]] const QString& getHint() const { return m_hint; }
     void setHint(const QString& hint) { m_hint = hint; }
 
-    /// For shapes: gives the port at an end back and forgets its number.
-    void releasePort(EdgeSide side);
-
 private:
+    void releasePort(EdgeSide side);
     [[nodiscard]] int& port(EdgeSide side) { return side == EdgeSide::From ? m_fromPort : m_toPort; }
     [[nodiscard]] ArrowCurve trace(QPainterPath& path) const;
 

@@ -22,9 +22,4 @@ void EdgeT1::showInternal(EdgeBase* edge) {
     }
 }
 
-void EdgeT1::hideInternal(EdgeBase* edge) {
-    edge->releasePort(EdgeSide::From);
-    edge->releasePort(EdgeSide::To);
-}
-
 } // namespace Kova::GUI::TextGraph

@@ -33,9 +33,4 @@ void EdgeT2::showInternal(EdgeBase* edge) {
     edge->getTo()->addUpPort(edge, EdgeSide::To);
 }
 
-void EdgeT2::hideInternal(EdgeBase* edge) {
-    edge->releasePort(EdgeSide::From);
-    edge->releasePort(EdgeSide::To);
-}
-
 } // namespace Kova::GUI::TextGraph

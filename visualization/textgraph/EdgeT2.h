@@ -8,10 +8,9 @@ namespace Kova::GUI::TextGraph {
 /// An arc above the line between two nodes on it.
 class EdgeT2 final : public EdgeBase::EdgeShapeBase {
 public:
-    [[nodiscard]] int getType() const override { return 2; }
+    [[nodiscard]] int getType() const override { return EdgeBase::Arc; }
     void processInternal(const EdgeBase* edge, QPainterPath& path, QPoint* points) const override;
     void showInternal(EdgeBase* edge) override;
-    void hideInternal(EdgeBase* edge) override;
 };
 
 } // namespace Kova::GUI::TextGraph

@@ -35,9 +35,4 @@ void EdgeT3::showInternal(EdgeBase* edge) {
     edge->getFrom()->addDownPort(edge, EdgeSide::To);
 }
 
-void EdgeT3::hideInternal(EdgeBase* edge) {
-    edge->releasePort(EdgeSide::From);
-    edge->releasePort(EdgeSide::To);
-}
-
 } // namespace Kova::GUI::TextGraph

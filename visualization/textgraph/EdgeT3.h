@@ -8,10 +8,9 @@ namespace Kova::GUI::TextGraph {
 /// A loop on the left of a node, from its top to its bottom.
 class EdgeT3 final : public EdgeBase::EdgeShapeBase {
 public:
-    [[nodiscard]] int getType() const override { return 3; }
+    [[nodiscard]] int getType() const override { return EdgeBase::Loop; }
     void processInternal(const EdgeBase* edge, QPainterPath& path, QPoint* points) const override;
     void showInternal(EdgeBase* edge) override;
-    void hideInternal(EdgeBase* edge) override;
 };
 
 } // namespace Kova::GUI::TextGraph

@@ -12,8 +12,6 @@ namespace Kova::GUI::TextGraph {
 
 namespace {
 
-enum ShapeType : int { Straight = 1, Arc = 2, Loop = 3 };
-
 /// Products of two differences of coordinates up to this size, and differences of such products, fit 64 bits.
 constexpr int smallCoordinate = 1 << 29;
 
@@ -87,10 +85,10 @@ void PortSorter::insertionSort(Before before) {
 }
 
 void PortSorter::sortLoops() {
-    if (!hasShape(Loop))
+    if (!hasShape(EdgeBase::Loop))
         return;
     insertionSort([this](int p, std::size_t, int q, std::size_t) {
-        return end(p).shapeType == Loop && end(q).shapeType != Loop;
+        return end(p).shapeType == EdgeBase::Loop && end(q).shapeType != EdgeBase::Loop;
     });
 }
 
@@ -104,7 +102,7 @@ void PortSorter::sortStraight() {
 }
 
 void PortSorter::sortArcs() {
-    if (!hasShape(Arc))
+    if (!hasShape(EdgeBase::Arc))
         return;
     insertionSort([this](int p, std::size_t pAt, int q, std::size_t qAt) { return arcBefore(p, pAt, q, qAt); });
 }
@@ -118,7 +116,7 @@ template <typename Coordinate>
 bool PortSorter::straightBefore(int p, std::size_t pAt, int q, std::size_t qAt) const {
     const End& pEnd = end(p);
     const End& qEnd = end(q);
-    if (pEnd.shapeType != Straight || qEnd.shapeType != Straight)
+    if (pEnd.shapeType != EdgeBase::Straight || qEnd.shapeType != EdgeBase::Straight)
         return false;
     if (pEnd.otherNode == qEnd.otherNode)
         return pEnd.otherNumber >= qEnd.otherNumber ? pAt <= qAt : pAt >= qAt;
@@ -156,11 +154,11 @@ bool PortSorter::arcBefore(int p, std::size_t pAt, int q, std::size_t qAt) const
     const int qOther = qEnd.otherPlace.x();
     const int pOwn = m_places[pAt].x();
     const int qOwn = m_places[qAt].x();
-    if (pEnd.shapeType == Arc && qEnd.shapeType == Straight)
+    if (pEnd.shapeType == EdgeBase::Arc && qEnd.shapeType == EdgeBase::Straight)
         return pOther > pOwn ? pAt < qAt : pAt > qAt;
-    if (pEnd.shapeType == Straight && qEnd.shapeType == Arc)
+    if (pEnd.shapeType == EdgeBase::Straight && qEnd.shapeType == EdgeBase::Arc)
         return qOwn >= qOther ? qAt > pAt : qAt < pAt;
-    if (pEnd.shapeType != Arc || qEnd.shapeType != Arc)
+    if (pEnd.shapeType != EdgeBase::Arc || qEnd.shapeType != EdgeBase::Arc)
         return false;
     const bool same = (pOther < pOwn && qOther < qOwn) || (pOther > pOwn && qOther > qOwn);
     if (qOwn <= pOwn)

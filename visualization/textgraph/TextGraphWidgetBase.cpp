@@ -44,11 +44,9 @@ void TextGraphWidgetBase::destroyItems() {
 
 void TextGraphWidgetBase::setFont(const QFont& font) {
     m_font = font;
-    const QFontMetrics metrics(font);
-    m_charWidth = metrics.averageCharWidth();
-    m_lineHeight = metrics.height() - 1;
-    verticalScrollBar()->setSingleStep(m_lineHeight);
-    horizontalScrollBar()->setSingleStep(m_charWidth);
+    m_cell = CellSize(QFontMetrics(font));
+    verticalScrollBar()->setSingleStep(m_cell.lineHeight);
+    horizontalScrollBar()->setSingleStep(m_cell.charWidth);
 }
 
 void TextGraphWidgetBase::createMenu() {
@@ -87,7 +85,7 @@ void TextGraphWidgetBase::updateMap() {
 int TextGraphWidgetBase::getLineByPoint(const QPoint& point) const {
     for (int i = 0; i < m_lines.size(); ++i) {
         const int y = m_lines.at(i).y;
-        if (qint64{y} - m_lineHeight < point.y() && point.y() < y)
+        if (qint64{y} - m_cell.lineHeight < point.y() && point.y() < y)
             return i;
     }
     return -1;

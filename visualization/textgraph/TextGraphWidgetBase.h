@@ -5,6 +5,7 @@
 #include "visualization/graphcore/CurveGeometry.h"
 #include "visualization/graphcore/EdgeHitMap.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
+#include "visualization/textgraph/CellSize.h"
 #include "visualization/textgraph/EdgesList.h"
 #include "visualization/textgraph/NodesLine.h"
 
@@ -49,9 +50,9 @@ public:
     void setFont(const QFont& font);
     [[nodiscard]] const QFont& getFont() const { return m_font; }
     /// The width of a character's cell: the font's average.
-    [[nodiscard]] int getCharWidth() const { return m_charWidth; }
+    [[nodiscard]] int getCharWidth() const { return m_cell.charWidth; }
     /// One less than the font's height.
-    [[nodiscard]] int getLineHeight() const { return m_lineHeight; }
+    [[nodiscard]] int getLineHeight() const { return m_cell.lineHeight; }
 
     /// The first line whose base line is less than a line height below the point, -1 for none.
     [[nodiscard]] int getLineByPoint(const QPoint& point) const;
@@ -133,8 +134,7 @@ private:
     std::vector<ArrowCurve> m_mappedCurves;
     int m_selectedEdge = -1;
     QFont m_font;
-    int m_charWidth = 0;
-    int m_lineHeight = 0;
+    CellSize m_cell;
     std::function<void(int edge)> m_hoverListener;
 };
 

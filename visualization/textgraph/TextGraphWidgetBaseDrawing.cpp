@@ -42,10 +42,11 @@ bool mayTouch(const EdgeBase& edge, const QPen& pen, const QRectF& area) {
         return true;
     const QPoint from = edge.getFrom()->getPortCoords(edge.getPort(EdgeSide::From));
     const QPoint to = edge.getTo()->getPortCoords(edge.getPort(EdgeSide::To));
-    if (edge.getShapeType() == 1)
+    if (edge.getShapeType() == EdgeBase::Straight)
         return touches({from, from, from, to, {to, to}}, area, *margin + arrowRoom);
     // Arcs and loops are curves whose control points are at most so far from their ends.
-    const double swing = edge.getShapeType() == 2 ? std::abs(to.x() - static_cast<double>(from.x())) : loopRoom(edge);
+    const double swing =
+        edge.getShapeType() == EdgeBase::Arc ? std::abs(to.x() - static_cast<double>(from.x())) : loopRoom(edge);
     const double room = *margin + arrowRoom + swing + std::abs(to.y() - static_cast<double>(from.y()));
     return QRectF(from, to).normalized().adjusted(-room, -room, room, room).intersects(area) &&
            touches(edge.getCurve(), area, *margin);
@@ -60,10 +61,10 @@ void TextGraphWidgetBase::drawGraph(QPainter& painter) {
 }
 
 void TextGraphWidgetBase::drawNodes(QPainter& painter, const QRectF* area) const {
-    CellPainter cells(painter, m_font, m_charWidth);
+    CellPainter cells(painter, m_font, m_cell.charWidth);
     for (const NodesLine& line : m_lines) {
         for (const NodeBase* node : line.nodes) {
-            if (!area || reachOf(*node, m_charWidth, m_lineHeight).intersects(*area))
+            if (!area || reachOf(*node, m_cell.charWidth, m_cell.lineHeight).intersects(*area))
                 cells.draw(*node);
         }
     }

@@ -79,7 +79,7 @@ enum PortOrder : int { StraightEdges = 1, AllEdges = 4 };
 void TextGraphWidgetBase::shiftLines(int line, int dy) {
     if (line < 0 || line >= m_lines.size())
         return;
-    if (line > 0 && qint64{m_lines.at(line).y} + dy <= qint64{m_lines.at(line - 1).y} + m_lineHeight)
+    if (line > 0 && qint64{m_lines.at(line).y} + dy <= qint64{m_lines.at(line - 1).y} + m_cell.lineHeight)
         return;
     const auto leavesRange = [dy](const NodesLine& moved) { return !fitsInt(qint64{moved.y} + dy); };
     if (std::any_of(m_lines.cbegin() + line, m_lines.cend(), leavesRange))
@@ -117,7 +117,7 @@ void TextGraphWidgetBase::fitWidth() {
 
 void TextGraphWidgetBase::fitHeight() {
     if (!m_lines.isEmpty())
-        setGraphSize(getGraphSize().width(), saturated(qint64{m_lines.last().y} + m_lineHeight));
+        setGraphSize(getGraphSize().width(), saturated(qint64{m_lines.last().y} + m_cell.lineHeight));
 }
 
 void TextGraphWidgetBase::moveCloseLinesApart() {

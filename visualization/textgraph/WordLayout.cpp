@@ -24,14 +24,13 @@ bool isWordEmpty(const QString& text) {
 
 WordLayout::WordLayout(const QFont& font, QList<NodesLine>& lines)
     : m_metrics(font),
-      m_charWidth(m_metrics.averageCharWidth()),
-      m_lineHeight(m_metrics.height() - 1),
+      m_cell(m_metrics),
       m_lines(lines) {}
 
 NodesLine& WordLayout::openLine() {
     m_lines.append(NodesLine());
     NodesLine& line = m_lines.last();
-    line.setY(m_lines.size() * (m_lineHeight + 2));
+    line.setY(m_lines.size() * (m_cell.lineHeight + 2));
     return line;
 }
 
@@ -53,7 +52,7 @@ void WordLayout::addWords(const ProgramLines& text, const MakeNode& makeNode) {
             }
             NodeBase* node = makeNode(QPoint(x, line.y), wordText, word.object);
             place(line, *node);
-            x += m_charWidth / 2 + node->getRect().width();
+            x += m_cell.charWidth / 2 + node->getRect().width();
         }
     }
 }
@@ -65,13 +64,13 @@ void WordLayout::addStatements(const ProgramLines& text, const MakeNode& makeNod
             continue;
         const QString wordText = QString::fromStdString(words.front().text);
         const int blanks = leadingBlanks(wordText);
-        place(line, *makeNode(QPoint(m_charWidth * blanks, line.y), wordText.mid(blanks), words.front().object));
+        place(line, *makeNode(QPoint(m_cell.charWidth * blanks, line.y), wordText.mid(blanks), words.front().object));
     }
 }
 
 void WordLayout::addLine(NodeBase& node, int column) {
     NodesLine& line = openLine();
-    node.setPos(QPoint(m_charWidth * column, line.y));
+    node.setPos(QPoint(m_cell.charWidth * column, line.y));
     place(line, node);
 }
 
@@ -79,7 +78,7 @@ const QRect& WordLayout::rectOf(const QString& text) {
     auto known = m_rects.find(text);
     if (known == m_rects.end()) {
         QRect rect = m_metrics.boundingRect(text);
-        rect.setRight(rect.left() + m_charWidth * text.size() - 1);
+        rect.setRight(rect.left() + m_cell.charWidth * text.size() - 1);
         known = m_rects.insert(text, rect);
     }
     return *known;
@@ -93,7 +92,7 @@ int WordLayout::blankWidth(const QString& blanks) {
 }
 
 QSize WordLayout::getSize() const {
-    return {m_rightEnd, m_lines.isEmpty() ? 0 : m_lines.last().y + m_lineHeight};
+    return {m_rightEnd, m_lines.isEmpty() ? 0 : m_lines.last().y + m_cell.lineHeight};
 }
 
 } // namespace Kova::GUI::TextGraph

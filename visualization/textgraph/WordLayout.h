@@ -2,6 +2,7 @@
 #pragma once
 
 #include "visualization/VisualizationExport.h"
+#include "visualization/textgraph/CellSize.h"
 #include "visualization/textgraph/NodesLine.h"
 #include "visualization/textgraph/ProgramText.h"
 
@@ -48,8 +49,7 @@ private:
     [[nodiscard]] int blankWidth(const QString& blanks);
 
     QFontMetrics m_metrics;
-    int m_charWidth;
-    int m_lineHeight;
+    CellSize m_cell;
     QList<NodesLine>& m_lines;
     int m_rightEnd = 0;
     // Programs repeat their words, and measuring text is slow.

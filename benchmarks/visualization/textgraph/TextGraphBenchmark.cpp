@@ -99,8 +99,8 @@ void hoverPlainWalk(benchmark::State& state, Arrows arrows) {
     hover(state, arrows, plainFindEdge);
 }
 
-/// A step of dragging a line in the middle, with its repaint.
-void dragStep(benchmark::State& state, Arrows arrows) {
+/// A step of dragging a line in the middle.
+void dragStep(benchmark::State& state, Arrows arrows, bool repainted) {
     const int lineCount = static_cast<int>(state.range(0));
     SampleText graph(lineCount, arrows);
     graph.scrollToMiddle();
@@ -111,7 +111,8 @@ void dragStep(benchmark::State& state, Arrows arrows) {
     for (auto _ : state) {
         ++step;
         graph.drag(middle + QPoint(step % 5, step % 7));
-        graph.viewport()->repaint();
+        if (repainted)
+            graph.viewport()->repaint();
     }
 }
 
@@ -202,8 +203,9 @@ BENCHMARK_CAPTURE(hoverWidget, near, Arrows::Near)->Apply(sizes);
 BENCHMARK_CAPTURE(hoverPlainWalk, near, Arrows::Near)->Apply(sizes);
 BENCHMARK_CAPTURE(hoverWidget, any, Arrows::Any)->Apply(sizes);
 BENCHMARK_CAPTURE(hoverPlainWalk, any, Arrows::Any)->Apply(sizes);
-BENCHMARK_CAPTURE(dragStep, near, Arrows::Near)->Apply(milliseconds);
-BENCHMARK_CAPTURE(dragStep, any, Arrows::Any)->Apply(milliseconds);
+BENCHMARK_CAPTURE(dragStep, near_repainted, Arrows::Near, true)->Apply(milliseconds);
+BENCHMARK_CAPTURE(dragStep, any_repainted, Arrows::Any, true)->Apply(milliseconds);
+BENCHMARK_CAPTURE(dragStep, any_alone, Arrows::Any, false)->Apply(milliseconds);
 BENCHMARK_CAPTURE(dragEnd, near, Arrows::Near)->Apply(milliseconds);
 BENCHMARK_CAPTURE(dragEnd, any, Arrows::Any)->Apply(milliseconds);
 BENCHMARK_CAPTURE(repaint, near_culled, Arrows::Near, false)->Apply(milliseconds);

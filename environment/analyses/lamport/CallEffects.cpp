@@ -136,12 +136,20 @@ void CallEffects::add(const SubroutineCallExpression& call) {
                                          (!subroutine->isExternal() || takesFunctions(call)))) {
         m_writesAnything = true;
     }
-    // The bodies are read one after the other, however deep they call each other.
-    if (m_pending.size() != 1 || body == nullptr || m_pending.back() != body)
+    readBodies();
+}
+
+/// One after the other, however deep they call each other.
+void CallEffects::readBodies() {
+    if (m_isReading)
         return;
-    for (std::size_t i = 0; i < m_pending.size(); ++i)
-        BodyReader(*this).walk(*m_pending[i]->getBody());
-    m_pending.clear();
+    m_isReading = true;
+    while (!m_pending.empty()) {
+        BlockStatement& body = *m_pending.back()->getBody();
+        m_pending.pop_back();
+        BodyReader(*this).walk(body);
+    }
+    m_isReading = false;
 }
 
 void CallEffects::findAddressesTaken(BlockStatement& root) {

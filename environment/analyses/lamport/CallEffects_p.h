@@ -53,7 +53,7 @@ public:
 private:
     class BodyReader;
 
-    void addBody(Kova::Tessel::SubroutineDeclaration& subroutine);
+    void readBodies();
     void addWritten(const Kova::Tessel::VariableDeclaration& variable);
     [[nodiscard]] Kova::Tessel::SubroutineDeclaration* findBody(const Kova::Tessel::SubroutineDeclaration& subroutine);
     void findAddressesTaken(Kova::Tessel::BlockStatement& root);
@@ -63,6 +63,7 @@ private:
     bool m_isFortran;
     bool m_writesAnything = false;
     bool m_writesThroughPointers = false;
+    bool m_isReading = false;
     std::unique_ptr<Kova::Tessel::Service::SubroutineIndex> m_index;
     std::vector<Kova::Tessel::SubroutineDeclaration*> m_pending;
     // Looked up, never walked.
