@@ -6,7 +6,7 @@ function(run)
   endif()
 endfunction()
 
-file(REMOVE_RECURSE "${work}/root" "${work}/consumer")
+file(REMOVE_RECURSE "${work}/root" "${work}/moved" "${work}/consumer")
 run(${CMAKE_COMMAND} --install ${build} --prefix ${work}/root)
 # The tree must not depend on where it was installed.
 file(RENAME "${work}/root" "${work}/moved")
