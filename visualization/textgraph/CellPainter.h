@@ -12,18 +12,21 @@ namespace Kova::GUI::TextGraph {
 
 class NodeBase;
 
-/// Draws nodes so that their texts are exactly as wide as their cells, whatever the advances of the font are:
-/// characters of fixed pitch need not be a whole number of units wide, and those that the font lacks come from other
-/// fonts.
+/// Draws texts so that they are exactly as wide as their cells, whatever the advances of the font are: characters of
+/// fixed pitch need not be a whole number of units wide, and those that the font lacks come from other fonts.
 class VISUALIZATION_EXPORT CellPainter {
 public:
     /// Sets the painter's font to `font`, whose characters get cells of `charWidth` units.
     CellPainter(QPainter& painter, const QFont& font, int charWidth);
     void draw(const NodeBase& node);
+    /// Draws a text whose base line starts at (x, y).
+    void draw(int x, int y, const QString& text);
 
 private:
-    void drawSpaced(const NodeBase& node, double wanted);
-    void drawStretched(const NodeBase& node, double wanted);
+    template <class Draw>
+    void drawFitted(int x, const QString& text, Draw draw);
+    [[nodiscard]] double spacingFor(const QString& text, double wanted) const;
+    void setSpacing(double spacing);
 
     QPainter& m_painter;
     QFont m_font;
@@ -32,6 +35,8 @@ private:
     QFontMetricsF m_spaced;
     QFontMetricsF m_scalable;
     double m_scale;
+    /// What plain characters need when all of them are equally wide, else NaN.
+    double m_usualSpacing;
     double m_spacing = 0.0;
     bool m_stretches;
 };

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "visualization/VisualizationExport.h"
+#include "visualization/sourceselector/PieceTexts.h"
+#include "visualization/sourceselector/PrintedNodes.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace Kova::GUI {
+
+/// Printed lines, each of parts, and which nodes printed them. Filled line by line, then only read.
+class VISUALIZATION_EXPORT SourceText {
+public:
+    /// A run of text on a line.
+    struct Part {
+        QString text;
+        /// Who printed it; not owned.
+        Tessel::TesselBase* node;
+        /// The node's number among those that printed.
+        int nodeNumber;
+    };
+
+    /// The parts of a line, left to right.
+    class Line {
+    public:
+        Line(const Part* first, const Part* afterLast) : m_begin(first), m_end(afterLast) {}
+        [[nodiscard]] const Part* begin() const { return m_begin; }
+        [[nodiscard]] const Part* end() const { return m_end; }
+
+    private:
+        const Part* m_begin;
+        const Part* m_end;
+    };
+
+    SourceText() : m_nodes(std::make_shared<PrintedNodes>()) {}
+
+    void openLine();
+    /// Appends a part to the last line, which is opened when there is none.
+    /// @param text UTF-8.
+    void createPart(const char* text, Tessel::TesselBase& node);
+
+    [[nodiscard]] int getLineCount() const { return static_cast<int>(m_lineBegins.size()); }
+    /// @param index in [0, getLineCount()).
+    [[nodiscard]] Line getLine(int index) const;
+    [[nodiscard]] int getPartCount() const { return static_cast<int>(m_parts.size()); }
+    /// In characters; 0 without lines.
+    [[nodiscard]] int getWidestLine() const;
+
+    /// Lives as long as anybody holds it, so that what was said of an earlier text can still be understood.
+    [[nodiscard]] std::shared_ptr<const PrintedNodes> getNodes() const { return m_nodes; }
+    /// The line of a node's first part, -1 when it printed none.
+    [[nodiscard]] int findLine(const Tessel::TesselBase* node) const;
+
+private:
+    std::vector<Part> m_parts;
+    /// The number of each line's first part.
+    std::vector<int> m_lineBegins;
+    std::shared_ptr<PrintedNodes> m_nodes;
+    /// The line of each printed node's first part.
+    std::vector<int> m_firstLines;
+    PieceTexts m_texts;
+};
+
+} // namespace Kova::GUI
