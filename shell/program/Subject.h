@@ -33,6 +33,9 @@ public:
     /// The statement, loop or block; null for the other kinds.
     [[nodiscard]] Tessel::StatementBase* getStatement() const;
 
+    /// Whatever the kind; null for none.
+    [[nodiscard]] Tessel::TesselBase* getNode() const { return m_node; }
+
     /// "program", "subroutine main", "loop at line 7 in main", "statement at line 9 in main"; empty without a subject.
     [[nodiscard]] QString getTitle() const;
     /// Where it stands; a program stands in its first file. Empty when unknown.

@@ -203,6 +203,21 @@ Subject SubjectFinder::findAgain(const Identity& identity) const {
     return Subject(m_program);
 }
 
+Subject SubjectFinder::subjectAt(Tessel::TesselBase& node, Subject::Kind atLine) {
+    for (Tessel::TesselBase* around = &node; around != nullptr; around = around->getParent()) {
+        if (auto* statement = dynamic_cast<StatementBase*>(around)) {
+            if (atLine == Subject::Kind::Statement)
+                return Subject(*statement);
+            if (StatementBase* found = enclosing(*statement, atLine))
+                return Subject(*found);
+        }
+        auto* subroutine = dynamic_cast<SubroutineDeclaration*>(around);
+        if (subroutine != nullptr && subroutine->hasImplementation())
+            return Subject(*subroutine);
+    }
+    return {};
+}
+
 Subject SubjectFinder::findAround(const QString& file, int line) const {
     const auto wanted = static_cast<std::uint32_t>(line);
     for (SubroutineDeclaration* subroutine : m_subroutines) {

@@ -63,6 +63,11 @@ public:
     /// The subroutine and, within it, the innermost loop around a place; a subject of kind None outside all.
     [[nodiscard]] Subject findAround(const QString& file, int line) const;
 
+    /// What a view looks at when a node is pointed at, by its preference for lines: the statement that the node belongs
+    /// to, or the innermost loop or block around it. The subroutine where there is no such statement; a subject of kind
+    /// None outside of subroutines with bodies.
+    [[nodiscard]] static Subject subjectAt(Tessel::TesselBase& node, Subject::Kind atLine);
+
 private:
     [[nodiscard]] FoundSubject findDefault(Tessel::SubroutineDeclaration* named, Subject::Kind wanted) const;
     [[nodiscard]] QString namesThatExist() const;

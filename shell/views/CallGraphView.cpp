@@ -74,6 +74,25 @@ void CallGraphView::clear() {
     m_widget->clearGraph();
 }
 
+Picked CallGraphView::findAt(const QPoint& position) const {
+    const auto* node =
+        static_cast<const GUI::CallGraph::Node*>(m_widget->findNodeByPosition(m_widget->screenToGraph(position)));
+    return {node != nullptr ? node->getProcedure() : nullptr, nullptr};
+}
+
+// A procedure is shown for all that is in it.
+void CallGraphView::selectNode(const Tessel::TesselBase& node) {
+    for (const Tessel::TesselBase* around = &node; around != nullptr; around = around->getParent()) {
+        for (GUI::GenericGraph::NodeBase* shown : m_widget->getNodes()) {
+            if (static_cast<const GUI::CallGraph::Node*>(shown)->getProcedure() != around)
+                continue;
+            m_widget->highlightNode(shown);
+            m_widget->scrollToNode(*shown);
+            return;
+        }
+    }
+}
+
 QJsonObject CallGraphView::describe() const {
     return describeGenericGraph(*m_widget, &addPlace, [](const GUI::GenericGraph::EdgeBase&, QJsonObject& description) {
         description["kind"] = "call";

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] GUI::GraphWidgetBase& getWidget() const override;
     void show(const Subject& subject) override;
     void clear() override;
+    [[nodiscard]] Picked findAt(const QPoint& position) const override;
+    void selectNode(const Tessel::TesselBase& node) override;
     [[nodiscard]] QJsonObject describe() const override;
     [[nodiscard]] QString summarize() const override;
 

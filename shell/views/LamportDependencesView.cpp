@@ -52,6 +52,7 @@ void LamportDependencesView::connectTable() {
     QObject::connect(m_table.get(), &DependenceTable::recordPicked, m_widget.get(), [this](int number) {
         m_widget->selectEdge(number);
         m_widget->scrollToEdge(number);
+        tellPicked(endsOf(number));
     });
     // A row stays selected when the mouse leaves its arrow: the eye shall find it in the table.
     m_widget->setHoverListener([this](int edge) {
@@ -74,6 +75,7 @@ QList<QAction*> LamportDependencesView::getActions() const {
 
 void LamportDependencesView::show(const Subject& subject) {
     m_table->setRecords({});
+    m_ends.clear();
     Tessel::BlockStatement* block = blockOf(subject);
     if (block == nullptr) {
         m_widget->onNewBlock(nullptr);
@@ -84,14 +86,40 @@ void LamportDependencesView::show(const Subject& subject) {
     graph.Refine(::DepGraph::RM_EXACT);
     m_widget->onNewGraph(&graph, block);
     std::vector<DependenceRecord> records;
-    for (const ::DepGraph::LampArrow* arrow : graph.getArrows())
+    for (const ::DepGraph::LampArrow* arrow : graph.getArrows()) {
         records.push_back(recordOf(*arrow));
+        m_ends.push_back({const_cast<Tessel::ExpressionBase*>(arrow->getSource()),
+                          const_cast<Tessel::ExpressionBase*>(arrow->getTarget())});
+    }
     m_table->setRecords(std::move(records));
 }
 
 void LamportDependencesView::clear() {
     m_widget->onNewBlock(nullptr);
     m_table->setRecords({});
+    m_ends.clear();
+}
+
+Picked LamportDependencesView::endsOf(int edge) const {
+    return edge >= 0 && edge < static_cast<int>(m_ends.size()) ? m_ends[static_cast<std::size_t>(edge)] : Picked();
+}
+
+// The mouse has highlighted the arrow by the time it is pressed.
+Picked LamportDependencesView::findAt(const QPoint& /*position*/) const {
+    return endsOf(m_widget->getSelectedEdge());
+}
+
+// The first arrow shown that begins or ends at the node.
+void LamportDependencesView::selectNode(const Tessel::TesselBase& node) {
+    for (int edge = 0; edge < static_cast<int>(m_ends.size()); ++edge) {
+        const Picked ends = endsOf(edge);
+        if ((ends.node != &node && ends.other != &node) || !m_widget->getEdges().at(edge)->isVisible())
+            continue;
+        m_widget->selectEdge(edge);
+        m_widget->scrollToEdge(edge);
+        m_table->selectRecord(edge);
+        return;
+    }
 }
 
 QJsonObject LamportDependencesView::describe() const {

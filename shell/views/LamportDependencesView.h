@@ -26,15 +26,21 @@ public:
     [[nodiscard]] QList<QAction*> getActions() const override;
     void show(const Subject& subject) override;
     void clear() override;
+    [[nodiscard]] Picked findAt(const QPoint& position) const override;
+    void selectNode(const Tessel::TesselBase& node) override;
     [[nodiscard]] QJsonObject describe() const override;
     [[nodiscard]] QString summarize() const override;
 
 private:
     void connectTable();
+    /// The ends of an edge; none for -1.
+    [[nodiscard]] Picked endsOf(int edge) const;
 
     std::unique_ptr<GUI::DepGraph::DepGraphWidget> m_widget;
     // Asks the widget which edges are shown, so it goes first.
     std::unique_ptr<DependenceTable> m_table;
+    /// Source and target of each edge, in the widget's order.
+    std::vector<Picked> m_ends;
 };
 
 } // namespace Kova::Shell

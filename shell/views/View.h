@@ -6,14 +6,29 @@
 #include <QJsonObject>
 #include <QList>
 
+#include <functional>
+
 class QAction;
+class QPoint;
 class QWidget;
 
 namespace Kova::GUI {
 class GraphWidgetBase;
 }
 
+namespace Kova::Tessel {
+class TesselBase;
+}
+
 namespace Kova::Shell {
+
+/// What of the program a place of a picture stands for.
+struct Picked {
+    /// Null for nothing.
+    Tessel::TesselBase* node = nullptr;
+    /// The other end of what has two, such as an arrow.
+    Tessel::TesselBase* other = nullptr;
+};
 
 /// One view of the program: a widget, what it is told to show, and how it describes what it shows. A new view derives
 /// from this and has a line in the table of ViewTable.cpp; menu, command line and export need no more. The actions of
@@ -40,11 +55,24 @@ public:
     /// Leaves nothing that points into the program.
     virtual void clear() = 0;
 
+    /// What is at a position of the widget's viewport, in pixels.
+    [[nodiscard]] virtual Picked findAt(const QPoint& position) const;
+    /// Highlights what the picture has of a node of the program, and scrolls to it; nothing when it has none.
+    virtual void selectNode(const Tessel::TesselBase& node);
+    /// Called when the user picks something in the panel; empty for no call.
+    void setPickListener(std::function<void(const Picked&)> listener) { m_pickListener = std::move(listener); }
+
     /// "nodes" and "edges" as they are drawn, and what else the view has to say.
     [[nodiscard]] virtual QJsonObject describe() const = 0;
 
     /// What is shown in a few words for the status bar, such as "3 procedures, 2 calls"; empty when nothing is.
     [[nodiscard]] virtual QString summarize() const = 0;
+
+protected:
+    void tellPicked(const Picked& picked) const;
+
+private:
+    std::function<void(const Picked&)> m_pickListener;
 };
 
 } // namespace Kova::Shell

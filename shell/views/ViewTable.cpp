@@ -3,6 +3,7 @@
 
 #include "shell/views/CallGraphView.h"
 #include "shell/views/LamportDependencesView.h"
+#include "shell/views/SourceView.h"
 
 namespace Kova::Shell {
 
@@ -10,6 +11,7 @@ const std::vector<ViewKind>& getViewKinds() {
     static const std::vector<ViewKind> kinds = {
         CallGraphView::kind(),
         LamportDependencesView::kind(),
+        SourceView::kind(),
     };
     return kinds;
 }

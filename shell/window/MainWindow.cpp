@@ -10,6 +10,7 @@
 #include "shell/window/ConsolePane.h"
 #include "shell/window/ProgramTree.h"
 #include "shell/window/RecentFiles.h"
+#include "shell/window/SourcePane.h"
 #include "shell/window/ViewPane.h"
 #include "shell/window/WaitCursor.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
@@ -52,6 +53,8 @@ MainWindow::MainWindow(QSettings& settings, const Frontends::COptions& reading)
       m_pane(new ViewPane(this)),
       m_tree(new ProgramTree(this)),
       m_console(new ConsolePane(this)),
+      m_source(new SourcePane(this)),
+      m_sourceDock(new QDockWidget(tr("Source"), this)),
       m_panelDock(new QDockWidget(tr("Details"), this)),
       m_panels(new QStackedWidget(m_panelDock)),
       m_recent(new RecentFiles(settings, this)),
@@ -72,6 +75,7 @@ MainWindow::MainWindow(QSettings& settings, const Frontends::COptions& reading)
 MainWindow::~MainWindow() {
     disconnect(&m_session, nullptr, this, nullptr);
     disconnect(m_pane, nullptr, this, nullptr);
+    m_source->forgetProgram();
     m_tree->forgetProgram();
     delete m_pane;
 }
@@ -85,6 +89,10 @@ void MainWindow::connectProgram() {
     connect(&m_session, &ProgramSession::programAboutToChange, this, &MainWindow::forgetProgram);
     connect(&m_session, &ProgramSession::programChanged, this, &MainWindow::takeProgram);
     connect(m_tree, &ProgramTree::subjectPicked, this, &MainWindow::showSubject);
+    connect(m_tree, &ProgramTree::subjectOpened, this, &MainWindow::openSubject);
+    connect(m_source, &SourcePane::nodePicked, this, [this](Tessel::TesselBase* node) { showNode(*node); });
+    connect(m_pane, &ViewPane::picked, this,
+            [this](const Picked& what) { m_source->showPicked(what.node, what.other); });
     connect(m_console, &ConsolePane::placePicked, this, &MainWindow::showPlace);
     connect(m_recent, &RecentFiles::filePicked, this, [this](const QString& path) {
         if (!openFiles({path}))
@@ -184,6 +192,7 @@ void MainWindow::report(const QString& text, int level) {
 
 void MainWindow::forgetProgram() {
     m_subject = Subject();
+    m_source->forgetProgram();
     m_pane->clearViews();
     m_tree->forgetProgram();
 }
@@ -219,8 +228,14 @@ void MainWindow::showSubject(const Subject& subject) {
     if (m_session.getProgram().getFiles().empty())
         return;
     const WaitCursor cursor;
-    m_subject =
-        m_kind->takes(subject) ? subject : SubjectFinder(m_session.getProgram()).find({}, m_kind->preference).subject;
+    showInView(m_kind->takes(subject)
+                   ? subject
+                   : SubjectFinder(m_session.getProgram()).find({}, m_kind->preference).subject);
+    m_source->showSubject(m_subject);
+}
+
+void MainWindow::showInView(const Subject& subject) {
+    m_subject = subject;
     m_log->clear();
     m_pane->show(*m_kind, m_subject);
     m_tree->showSubject(m_subject);
@@ -243,6 +258,24 @@ void MainWindow::showPlace(const QString& file, int line) {
         showSubject(subject);
     else
         statusBar()->showMessage(tr("%1:%2 is in no subroutine.").arg(file).arg(line), 5000);
+}
+
+// What is marked stays marked: it may be less than what the view shows.
+void MainWindow::showNode(Tessel::TesselBase& node) {
+    const Subject subject = SubjectFinder::subjectAt(node, m_kind->preference.atLine);
+    if (m_kind->takes(subject) && subject != m_subject) {
+        const WaitCursor cursor;
+        showInView(subject);
+    }
+    if (View* view = m_pane->getView())
+        view->selectNode(node);
+}
+
+void MainWindow::openSubject(const Subject& subject) {
+    m_sourceDock->show();
+    m_sourceDock->raise();
+    m_source->showText();
+    m_source->showSubject(subject);
 }
 
 void MainWindow::updateStatus() {

@@ -20,10 +20,12 @@ class ConsolePane;
 class MessageLog;
 class ProgramTree;
 class RecentFiles;
+class SourcePane;
 class ViewPane;
+struct Picked;
 struct ViewKind;
 
-/// The window: the program on the left, the view in the middle, what is to be said below.
+/// The window: the program and its text on the left, the view in the middle, what is to be said below.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -74,8 +76,12 @@ private:
     void takeProgram();
     [[nodiscard]] Subject chooseSubject() const;
     void showSubject(const Subject& subject);
+    void showInView(const Subject& subject);
     void chooseView(const ViewKind& kind);
     void showPlace(const QString& file, int line);
+    /// The view shows what is around a node of the source, and the node in it.
+    void showNode(Tessel::TesselBase& node);
+    void openSubject(const Subject& subject);
     void updateViewToolBar();
     void updatePanel();
     void updateStatus();
@@ -88,6 +94,8 @@ private:
     ViewPane* m_pane;
     ProgramTree* m_tree;
     ConsolePane* m_console;
+    SourcePane* m_source;
+    QDockWidget* m_sourceDock;
     /// Holds the panels of all views that have one, and shows that of the current view.
     QDockWidget* m_panelDock;
     QStackedWidget* m_panels;

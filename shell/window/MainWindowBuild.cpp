@@ -8,6 +8,7 @@
 #include "shell/window/MainWindow.h"
 #include "shell/window/ProgramTree.h"
 #include "shell/window/RecentFiles.h"
+#include "shell/window/SourcePane.h"
 #include "shell/window/ViewPane.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
 
@@ -36,6 +37,10 @@ void MainWindow::buildDocks() {
     program->setObjectName("program");
     program->setWidget(m_tree);
     addDockWidget(Qt::LeftDockWidgetArea, program);
+    m_sourceDock->setObjectName("source");
+    m_sourceDock->setWidget(m_source);
+    addDockWidget(Qt::LeftDockWidgetArea, m_sourceDock);
+    splitDockWidget(program, m_sourceDock, Qt::Vertical);
     auto* console = new QDockWidget(tr("Console"), this);
     console->setObjectName("console");
     console->setWidget(m_console);
@@ -44,8 +49,8 @@ void MainWindow::buildDocks() {
     m_panelDock->setWidget(m_panels);
     addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
     connect(m_panelDock->toggleViewAction(), &QAction::triggered, this, [this](bool shown) { m_panelWanted = shown; });
-    resizeDocks({program, m_panelDock}, {300, 420}, Qt::Horizontal);
-    resizeDocks({console}, {120}, Qt::Vertical);
+    resizeDocks({program, m_panelDock}, {400, 420}, Qt::Horizontal);
+    resizeDocks({program, m_sourceDock, console}, {220, 460, 120}, Qt::Vertical);
 }
 
 void MainWindow::buildMenus() {

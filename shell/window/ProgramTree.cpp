@@ -17,6 +17,10 @@ ProgramTree::ProgramTree(QWidget* parent) : QTreeView(parent), m_model(new Progr
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(ProgramTreeModel::NameColumn, QHeaderView::Stretch);
     header()->setSectionResizeMode(ProgramTreeModel::LinesColumn, QHeaderView::ResizeToContents);
+    connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (const Subject subject = m_model->getSubject(index); subject.getKind() != Subject::Kind::None)
+            Q_EMIT subjectOpened(subject);
+    });
 }
 
 void ProgramTree::setProgram(const OpenedProgram& program) {

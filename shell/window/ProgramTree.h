@@ -30,6 +30,8 @@ public:
 Q_SIGNALS:
     /// The user made another row the current one.
     void subjectPicked(const Kova::Shell::Subject& subject);
+    /// The user double-clicked a row.
+    void subjectOpened(const Kova::Shell::Subject& subject);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

@@ -4,10 +4,13 @@
 #include "shell/window/WelcomePage.h"
 #include "visualization/graphcore/GraphWidgetBase.h"
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Kova::Shell {
 
@@ -39,6 +42,7 @@ void ViewPane::show(const ViewKind& kind, const Subject& subject) {
     GUI::GraphWidgetBase& widget = m_view->getWidget();
     setCurrentWidget(&widget);
     widget.setGeometry(contentsRect());
+    m_pressed = Picked();
     m_view->show(subject);
     Q_EMIT scaleChanged(widget.getScale());
 }
@@ -46,6 +50,7 @@ void ViewPane::show(const ViewKind& kind, const Subject& subject) {
 void ViewPane::clearViews() {
     for (const auto& [name, view] : m_views)
         view->clear();
+    m_pressed = Picked();
     m_view = nullptr;
     setCurrentWidget(m_welcomePage);
 }
@@ -59,12 +64,38 @@ View& ViewPane::obtainView(const ViewKind& kind) {
             widget.setContextMenuPolicy(Qt::ActionsContextMenu);
         widget.setFrameShape(QFrame::NoFrame);
         addWidget(&widget);
-        connect(&widget, &GUI::GraphWidgetBase::scaleChanged, this, [this, shown = view.get()](double scale) {
-            if (m_view == shown)
-                Q_EMIT scaleChanged(scale);
-        });
+        connectView(*view);
     }
     return *view;
+}
+
+void ViewPane::connectView(View& view) {
+    GUI::GraphWidgetBase& widget = view.getWidget();
+    connect(&widget, &GUI::GraphWidgetBase::scaleChanged, this, [this, shown = &view](double scale) {
+        if (m_view == shown)
+            Q_EMIT scaleChanged(scale);
+    });
+    view.setPickListener([this, shown = &view](const Picked& what) {
+        if (m_view == shown)
+            Q_EMIT picked(what);
+    });
+    widget.viewport()->installEventFilter(this);
+}
+
+bool ViewPane::eventFilter(QObject* watched, QEvent* event) {
+    if (m_view != nullptr && watched == m_view->getWidget().viewport()) {
+        const auto* mouse = static_cast<const QMouseEvent*>(event);
+        if (event->type() == QEvent::MouseButtonPress) {
+            m_pressPosition = mouse->pos();
+            m_pressed = mouse->button() == Qt::LeftButton ? m_view->findAt(mouse->pos()) : Picked();
+        } else if (event->type() == QEvent::MouseButtonRelease && m_pressed.node != nullptr) {
+            const Picked clicked = std::exchange(m_pressed, Picked());
+            // Farther away it was a drag.
+            if ((mouse->pos() - m_pressPosition).manhattanLength() < QApplication::startDragDistance())
+                Q_EMIT picked(clicked);
+        }
+    }
+    return QStackedWidget::eventFilter(watched, event);
 }
 
 GUI::GraphWidgetBase* ViewPane::getWidget() const {

@@ -48,13 +48,23 @@ public:
 Q_SIGNALS:
     /// Of the view that is shown.
     void scaleChanged(double scale);
+    /// The user clicked on what stands for a node in the view that is shown, or picked it in the view's panel.
+    void picked(const Kova::Shell::Picked& what);
+
+protected:
+    /// Sees clicks in pictures before they do.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void connectView(View& view);
     View& obtainView(const ViewKind& kind);
     void zoomTo(double scale);
 
     std::map<QString, std::unique_ptr<View>> m_views;
     View* m_view = nullptr;
+    /// Where the left button went down, and what was there: a click when it goes up nearby.
+    QPoint m_pressPosition;
+    Picked m_pressed;
     QWidget* m_welcomePage;
 };
 

@@ -52,6 +52,11 @@ public:
     /// The last edge of the list that was at the position (graph units) when updateMap() ran last, null for none.
     [[nodiscard]] EdgeBase* findEdgeByPosition(const QPoint& position) const;
 
+    /// Draws a node as if the mouse were over it, until the mouse moves; null for none.
+    void highlightNode(NodeBase* node);
+    /// Scrolls so that a node is in the middle, as far as the scroll bars reach; nothing when all of it is in view.
+    void scrollToNode(const NodeBase& node);
+
     [[nodiscard]] const std::vector<NodeBase*>& getNodes() const { return m_nodes; }
     [[nodiscard]] const std::vector<EdgeBase*>& getEdges() const { return m_edges; }
 

@@ -2,13 +2,31 @@
 // What the mouse does to the graph: dragging, hovering, clicking.
 #include "visualization/graphcore/GenericGraphWidgetBase.h"
 #include "visualization/graphcore/GraphEventHandler.h"
+#include "visualization/graphcore/Rounding.h"
 
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <array>
 
 namespace Kova::GUI::GenericGraph {
+
+void GenericGraphWidgetBase::highlightNode(NodeBase* node) {
+    m_hoveredEdge = nullptr;
+    m_hoveredNode = node;
+    viewport()->update();
+}
+
+void GenericGraphWidgetBase::scrollToNode(const NodeBase& node) {
+    const QRect rect = node.getRect();
+    const QRect seen(screenToGraph(QPoint(0, 0)), screenToGraph(QPoint(viewport()->width(), viewport()->height())));
+    if (seen.contains(rect))
+        return;
+    const QPoint centre = rect.center();
+    horizontalScrollBar()->setValue(truncated(centre.x() * getScale() - viewport()->width() / 2.0));
+    verticalScrollBar()->setValue(truncated(centre.y() * getScale() - viewport()->height() / 2.0));
+}
 
 void GenericGraphWidgetBase::mousePressEvent(QMouseEvent* event) {
     event->ignore();

@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "shell/window/SourcePane.h"
+
+#include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/SourceFile.h"
+#include "environment/tessel/StatementBase.h"
+#include "environment/tessel/TranslationUnit.h"
+#include "environment/tessel/service/Preorder.h"
+#include "shell/window/SourceFilePage.h"
+#include "visualization/sourceselector/SourceSelector.h"
+#include "visualization/sourceselector/SourceSelectorEx.h"
+
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+namespace Kova::Shell {
+
+namespace {
+
+using Tessel::TesselBase;
+
+/// The marks of the user, and behind them two without keys for what was picked in a view.
+constexpr int userMarks = 4;
+constexpr int pickedMark = userMarks;
+constexpr int otherMark = userMarks + 1;
+
+bool isWithin(const TesselBase* node, const TesselBase* root) {
+    while (node != nullptr && node != root)
+        node = node->getParent();
+    return node != nullptr;
+}
+
+/// The file that a node is printed with: a program's first.
+TesselBase* unitOf(TesselBase& node) {
+    if (auto* program = dynamic_cast<Tessel::ProgramUnit*>(&node))
+        return program->getTranslationUnit(0);
+    return node.findTranslationUnit();
+}
+
+} // namespace
+
+SourcePane::SourcePane(QWidget* parent)
+    : QTabWidget(parent),
+      m_browser(new GUI::SourceSelectorEx(new GUI::SourceSelector, this)),
+      m_filePage(new SourceFilePage(this)) {
+    setDocumentMode(true);
+    addTab(m_browser, tr("Printed Text"));
+    addTab(m_filePage, tr("File"));
+    selector().setMarksNum(userMarks + 2);
+    selector().setMarkParams(pickedMark, 0xFF000000, 0xFFFFC070, true, {0, 0});
+    selector().setMarkParams(otherMark, 0xFF000000, 0xFFD8B0F0, true, {0, 0});
+    selector().enableFragmentSelection(true);
+    connect(&selector(), &GUI::SourceSelector::markChanged, this, &SourcePane::pick);
+    connect(selector().verticalScrollBar(), &QScrollBar::valueChanged, this, &SourcePane::updateFilePage);
+    connect(this, &QTabWidget::currentChanged, this, &SourcePane::updateFilePage);
+    connect(m_filePage, &SourceFilePage::lineClicked, this, &SourcePane::pickLine);
+}
+
+GUI::SourceSelector& SourcePane::selector() const {
+    return *m_browser->getSelector();
+}
+
+void SourcePane::forgetProgram() {
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    m_browser->forgetRootNode();
+    m_filePage->clear();
+}
+
+void SourcePane::showSubject(const Subject& subject) {
+    TesselBase* node = subject.getNode();
+    if (node == nullptr)
+        return;
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    showFileOf(*node);
+    if (selector().getMark(0) == node)
+        return;
+    if (selector().containsNode(node)) {
+        selector().setMark(node, 0);
+        selector().ensureNodeVisible(node);
+    } else {
+        selector().setMarkFragment({}, 0);
+        selector().setMark(nullptr, 0);
+    }
+    updateFilePage();
+}
+
+// The root stays when it holds the node, were it only a part of the file.
+void SourcePane::showFileOf(TesselBase& node) {
+    TesselBase* unit = unitOf(node);
+    const TesselBase* root = m_browser->getRootNode();
+    const bool isShown = root != nullptr && (isWithin(&node, root) || isWithin(root, &node));
+    if (unit != nullptr && !isShown)
+        m_browser->setRootNode(unit);
+}
+
+void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
+    const QScopedValueRollback<bool> silence(m_silent, true);
+    if (node != nullptr)
+        showFileOf(*node);
+    for (const auto& [picked, mark] : {std::pair{node, pickedMark}, {other, otherMark}}) {
+        if (picked != nullptr && selector().getMark(mark) == picked)
+            continue;
+        selector().setMark(nullptr, mark);
+        selector().setMark(picked, mark);
+    }
+    selector().ensureNodeVisible(node);
+    updateFilePage();
+}
+
+void SourcePane::showText() {
+    setCurrentWidget(m_browser);
+}
+
+void SourcePane::pick(int mark) {
+    TesselBase* node = selector().getMark(mark);
+    updateFilePage();
+    if (mark == 0 && node != nullptr && !m_silent)
+        Q_EMIT nodePicked(node);
+}
+
+// The outermost statement of the text that begins on the line.
+void SourcePane::pickLine(int line) {
+    TesselBase* root = m_browser->getRootNode();
+    if (root == nullptr)
+        return;
+    for (TesselBase& node : Tessel::Service::Preorder(*root)) {
+        const Tessel::SourceRange& range = node.getSourceRange();
+        const bool isOnLine = range.file != nullptr && static_cast<int>(range.beginLine) == line &&
+                              QString::fromStdString(range.file->getPath()) == m_filePage->getPath();
+        if (isOnLine && dynamic_cast<const Tessel::StatementBase*>(&node) != nullptr &&
+            selector().containsNode(&node)) {
+            selector().ensureNodeVisible(&node);
+            selector().setMark(&node, 0);
+            return;
+        }
+    }
+}
+
+// What is marked when it is in view, otherwise what the view begins with.
+void SourcePane::updateFilePage() {
+    if (currentWidget() != m_filePage)
+        return;
+    TesselBase* node = firstNodeInView();
+    if (node == nullptr) {
+        m_filePage->clear();
+        return;
+    }
+    const Tessel::SourceRange& range = node->getSourceRange();
+    m_filePage->showFile(QString::fromStdString(range.file->getPath()));
+    m_filePage->showLine(static_cast<int>(range.beginLine));
+}
+
+TesselBase* SourcePane::firstNodeInView() const {
+    const GUI::SourceText& text = selector().getText();
+    const int height = std::max(QFontMetrics(selector().getFont()).height(), 1);
+    const int first = selector().verticalScrollBar()->value() / height;
+    const int end = std::min(first + selector().viewport()->height() / height + 1, text.getLineCount());
+    TesselBase* marked = selector().getMark(0);
+    const int markedLine = text.findLine(marked);
+    if (markedLine >= first && markedLine < end && marked->getSourceRange().file != nullptr)
+        return marked;
+    for (int line = first; line < text.getLineCount(); ++line)
+        for (const GUI::SourceText::Part& part : text.getLine(line))
+            if (part.node->getSourceRange().file != nullptr)
+                return part.node;
+    return nullptr;
+}
+
+} // namespace Kova::Shell

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/program/Subject.h"
+
+#include <QTabWidget>
+
+namespace Kova::GUI {
+class SourceSelector;
+class SourceSelectorEx;
+} // namespace Kova::GUI
+
+namespace Kova::Shell {
+
+class SourceFilePage;
+
+/// The program where one reads it and points at things: its printed text, and the file that this was read from, which
+/// follows the text. Mark 0 is what the views show.
+class SourcePane : public QTabWidget {
+    Q_OBJECT
+
+public:
+    explicit SourcePane(QWidget* parent = nullptr);
+
+    /// Leaves nothing that points into the program.
+    void forgetProgram();
+    /// Scrolls to a subject and makes it mark 0, without telling that it was picked; of a program the text begins with
+    /// the first file.
+    void showSubject(const Subject& subject);
+    /// Marks what was picked in a view, and the other end of what has two, in colours of their own; null for none.
+    void showPicked(Tessel::TesselBase* node, Tessel::TesselBase* other);
+    /// Brings the printed text to the front.
+    void showText();
+
+    [[nodiscard]] GUI::SourceSelectorEx& getBrowser() const { return *m_browser; }
+    [[nodiscard]] SourceFilePage& getFilePage() const { return *m_filePage; }
+
+Q_SIGNALS:
+    /// The user picked a node with mark 0; never null.
+    void nodePicked(Kova::Tessel::TesselBase* node);
+
+private:
+    [[nodiscard]] GUI::SourceSelector& selector() const;
+    void showFileOf(Tessel::TesselBase& node);
+    void pick(int mark);
+    void pickLine(int line);
+    void updateFilePage();
+    [[nodiscard]] Tessel::TesselBase* firstNodeInView() const;
+
+    GUI::SourceSelectorEx* m_browser;
+    SourceFilePage* m_filePage;
+    bool m_silent = false;
+};
+
+} // namespace Kova::Shell
