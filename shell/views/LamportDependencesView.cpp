@@ -2,6 +2,7 @@
 #include "shell/views/LamportDependencesView.h"
 
 #include "environment/analyses/lamport/LamportGraph.h"
+#include "environment/tessel/ExpressionBase.h"
 #include "shell/program/Counted.h"
 #include "shell/views/DependenceTable.h"
 #include "shell/views/SubjectBlock.h"

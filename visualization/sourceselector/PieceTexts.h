@@ -20,7 +20,7 @@ public:
 private:
     /// As many bytes as are kept in a word.
     static constexpr int longestShared = 8;
-    static constexpr int tableBits = 11;
+    static constexpr int tableBits = 10;
 
     struct Entry {
         quint64 bytes = 0;

@@ -30,7 +30,7 @@ void SelectionTable::clearSlot(int slot) {
 int SelectionTable::getSlot(const Node& node) const {
     const int number = m_printed->find(&node);
     if (number >= 0)
-        return getSlotOfPrinted(number);
+        return number < static_cast<int>(m_slots.size()) ? m_slots[static_cast<std::size_t>(number)] : 0;
     const auto other = m_slotsOfOthers.find(&node);
     return other != m_slotsOfOthers.end() ? other->second : 0;
 }

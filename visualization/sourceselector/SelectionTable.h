@@ -24,11 +24,6 @@ public:
     void clearSlot(int slot);
 
     [[nodiscard]] int getSlot(const Node& node) const;
-    /// @param number the node's number among those printed.
-    [[nodiscard]] int getSlotOfPrinted(int number) const {
-        const auto index = static_cast<std::size_t>(number);
-        return index < m_slots.size() ? m_slots[index] : 0;
-    }
 
 private:
     std::shared_ptr<const PrintedNodes> m_printed = std::make_shared<PrintedNodes>();

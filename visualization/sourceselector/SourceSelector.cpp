@@ -34,7 +34,9 @@ SourceSelector::Options hidingAll() {
 
 } // namespace
 
-SourceSelector::SourceSelector(QWidget* parent) : QAbstractScrollArea(parent), m_text(std::make_unique<SourceText>()) {
+SourceSelector::SourceSelector(QWidget* parent)
+    : QAbstractScrollArea(parent),
+      m_text(std::make_unique<SourceText>(m_pieceTexts)) {
     m_slots.resize(firstMarkSlot);
     m_slots[plainSlot] = {black, palette().color(QPalette::Base).rgba(), false, {0, 0}};
     m_slots[hoverSlot] = {black, qRgb(230, 230, 230), true, {0, 0}};
@@ -74,7 +76,7 @@ void SourceSelector::forgetRootNode() {
 }
 
 void SourceSelector::startText() {
-    m_text = std::make_unique<SourceText>();
+    m_text = std::make_unique<SourceText>(m_pieceTexts);
     m_selection.reset(m_text->getNodes());
 }
 

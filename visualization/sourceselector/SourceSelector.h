@@ -154,6 +154,7 @@ private:
     void hover(Tessel::TesselBase* node);
 
     Tessel::TesselBase* m_root = nullptr;
+    PieceTexts m_pieceTexts;
     std::unique_ptr<SourceText> m_text;
     SelectionTable m_selection;
     HoverTable m_hover;

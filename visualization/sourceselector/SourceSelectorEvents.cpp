@@ -159,7 +159,7 @@ void SourceSelector::drawLines(QPainter& painter, int first, int end) const {
 const SourceSelector::SSelParams& SourceSelector::paramsOf(const SStringPart& part) const {
     if (m_hover.contains(*part.node))
         return m_slots[hoverSlot];
-    const int slot = m_selection.getSlotOfPrinted(part.nodeNumber);
+    const int slot = m_selection.getSlot(*part.node);
     return m_slots[isSlot(slot) ? slot : 0];
 }
 

@@ -6,24 +6,24 @@
 namespace Kova::GUI {
 
 void SourceText::openLine() {
-    m_lineBegins.push_back(getPartCount());
+    m_lineBegins.append(getPartCount());
 }
 
 void SourceText::createPart(const char* text, Tessel::TesselBase& node) {
     if (m_lineBegins.empty())
         openLine();
     // Neighbouring parts often are one node's.
-    const bool sameNode = !m_parts.empty() && m_parts.back().node == &node;
-    const int number = sameNode ? m_parts.back().nodeNumber : m_nodes->insert(&node);
-    if (number == static_cast<int>(m_firstLines.size()))
-        m_firstLines.push_back(getLineCount() - 1);
-    m_parts.push_back({m_texts.toString(text), &node, number});
+    if (m_parts.isEmpty() || m_parts.constLast().node != &node) {
+        const int number = m_nodes->insert(&node);
+        if (number == m_firstLines.size())
+            m_firstLines.append(getLineCount() - 1);
+    }
+    m_parts.append({m_texts.toString(text), &node});
 }
 
 SourceText::Line SourceText::getLine(int index) const {
-    const auto at = static_cast<std::size_t>(index);
-    const auto end = at + 1 < m_lineBegins.size() ? static_cast<std::size_t>(m_lineBegins[at + 1]) : m_parts.size();
-    return {m_parts.data() + m_lineBegins[at], m_parts.data() + end};
+    const int end = index + 1 < m_lineBegins.size() ? m_lineBegins[index + 1] : m_parts.size();
+    return {m_parts.constData() + m_lineBegins[index], m_parts.constData() + end};
 }
 
 int SourceText::getWidestLine() const {
@@ -39,7 +39,7 @@ int SourceText::getWidestLine() const {
 
 int SourceText::findLine(const Tessel::TesselBase* node) const {
     const int number = m_nodes->find(node);
-    return number < 0 ? -1 : m_firstLines[static_cast<std::size_t>(number)];
+    return number < 0 ? -1 : m_firstLines[number];
 }
 
 } // namespace Kova::GUI

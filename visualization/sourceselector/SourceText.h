@@ -6,9 +6,9 @@
 #include "visualization/sourceselector/PrintedNodes.h"
 
 #include <QString>
+#include <QVector>
 
 #include <memory>
-#include <vector>
 
 namespace Kova::GUI {
 
@@ -20,8 +20,6 @@ public:
         QString text;
         /// Who printed it; not owned.
         Tessel::TesselBase* node;
-        /// The node's number among those that printed.
-        int nodeNumber;
     };
 
     /// The parts of a line, left to right.
@@ -36,17 +34,18 @@ public:
         const Part* m_end;
     };
 
-    SourceText() : m_nodes(std::make_shared<PrintedNodes>()) {}
+    /// @param texts lives as long.
+    explicit SourceText(PieceTexts& texts) : m_nodes(std::make_shared<PrintedNodes>()), m_texts(texts) {}
 
     void openLine();
     /// Appends a part to the last line, which is opened when there is none.
     /// @param text UTF-8.
     void createPart(const char* text, Tessel::TesselBase& node);
 
-    [[nodiscard]] int getLineCount() const { return static_cast<int>(m_lineBegins.size()); }
+    [[nodiscard]] int getLineCount() const { return m_lineBegins.size(); }
     /// @param index in [0, getLineCount()).
     [[nodiscard]] Line getLine(int index) const;
-    [[nodiscard]] int getPartCount() const { return static_cast<int>(m_parts.size()); }
+    [[nodiscard]] int getPartCount() const { return m_parts.size(); }
     /// In characters; 0 without lines.
     [[nodiscard]] int getWidestLine() const;
 
@@ -56,13 +55,16 @@ public:
     [[nodiscard]] int findLine(const Tessel::TesselBase* node) const;
 
 private:
-    std::vector<Part> m_parts;
+    // Qt's vectors grow in place where they can: a text is large, and the printer's time is what it is measured by.
+    QVector<Part> m_parts;
     /// The number of each line's first part.
-    std::vector<int> m_lineBegins;
+    QVector<int> m_lineBegins;
     std::shared_ptr<PrintedNodes> m_nodes;
     /// The line of each printed node's first part.
-    std::vector<int> m_firstLines;
-    PieceTexts m_texts;
+    QVector<int> m_firstLines;
+    PieceTexts& m_texts;
 };
 
 } // namespace Kova::GUI
+
+Q_DECLARE_TYPEINFO(Kova::GUI::SourceText::Part, Q_MOVABLE_TYPE);

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void staticsOfOneName();
     void linesOfSeveralFiles();
     void findAgainAfterAChange();
+    void atANode();
     void around();
 
 private:
@@ -212,6 +213,41 @@ void SubjectFinderTest::findAgainAfterAChange() {
     QCOMPARE(SubjectFinder(changed).findAgain(again({"g", {}})).getTitle(), QString("program"));
     QCOMPARE(SubjectFinder(changed).findAgain({}).getTitle(), QString("program"));
     m_folder.write("a.c", source);
+}
+
+// What views look at when a person points at a node.
+void SubjectFinderTest::atANode() {
+    const Testing::WrittenProgram written("int g;\n"                          // 1
+                                          "int f(int n) {\n"                  // 2
+                                          "  for (int i = 0; i < n; i++) {\n" // 3
+                                          "    while (n > i)\n"               // 4
+                                          "      n = n - i;\n"                // 5
+                                          "  }\n"                             // 6
+                                          "  return n;\n"                     // 7
+                                          "}\n");                             // 8
+    const SubjectFinder finder(written.program);
+    const auto titleAt = [&](Tessel::TesselBase* node, Kind kind) {
+        return SubjectFinder::subjectAt(*node, kind).getTitle();
+    };
+    Tessel::TesselBase* assignment = finder.find({QString(), 5}, forStatements).subject.getNode();
+    for (Tessel::TesselBase* node : {assignment, assignment->getChild(0), assignment->getChild(0)->getChild(1)}) {
+        QCOMPARE(titleAt(node, Kind::Statement), QString("statement at line 5 in f"));
+        QCOMPARE(titleAt(node, Kind::Loop), QString("loop at line 4 in f"));
+        QCOMPARE(titleAt(node, Kind::Block), QString("block at line 5 in f"));
+    }
+    Tessel::TesselBase* loop = finder.find({QString(), 4}, forStatements).subject.getNode();
+    QCOMPARE(titleAt(loop, Kind::Statement), QString("loop at line 4 in f"));
+    QCOMPARE(titleAt(loop, Kind::Loop), QString("loop at line 4 in f"));
+    QCOMPARE(titleAt(loop, Kind::Block), QString("block at line 3 in f"));
+    Tessel::TesselBase* last = finder.find({QString(), 7}, forStatements).subject.getNode();
+    QCOMPARE(titleAt(last, Kind::Loop), QString("subroutine f"));
+    QCOMPARE(titleAt(last, Kind::Block), QString("block at line 2 in f"));
+    Tessel::TesselBase* subroutine = finder.find({"f", {}}, forStatements).subject.getNode();
+    QCOMPARE(titleAt(subroutine, Kind::Statement), QString("subroutine f"));
+    QCOMPARE(titleAt(subroutine->getChild(0), Kind::Block), QString("subroutine f")); // its parameter
+    Tessel::TesselBase* file = subroutine->getParent();
+    QVERIFY(SubjectFinder::subjectAt(*file, Kind::Statement).getKind() == Kind::None);
+    QVERIFY(SubjectFinder::subjectAt(*file->getChild(0), Kind::Block).getKind() == Kind::None);
 }
 
 void SubjectFinderTest::around() {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "shell/views/CallGraphView.h"
 
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "shell/messages/MessageLog.h"
 #include "shell/views/ViewDescription.h"
 #include "tests/shell/ShellTesting.h"
 #include "visualization/callgraph/CallGraphWidget.h"
+#include "visualization/callgraph/Node.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -61,6 +63,8 @@ private Q_SLOTS:
     void whatIsWorthAPicture();
     void clearedViewIsEmpty();
     void nothingToShowLeavesAMessage();
+    void placesAreProcedures();
+    void selectsTheProcedureAround();
 
 private:
     QJsonObject describe(const SubjectRequest& request);
@@ -180,6 +184,34 @@ void CallGraphViewTest::nothingToShowLeavesAMessage() {
                     {"text", "Procedure Call graph was not created. Visualization interrupted."}}};
     QCOMPARE(description["messages"].toArray(), expected);
     QCOMPARE(description["nodes"].toArray(), QJsonArray());
+}
+
+void CallGraphViewTest::placesAreProcedures() {
+    describe({});
+    auto& widget = static_cast<GUI::CallGraph::CallGraphWidget&>(m_view->getWidget());
+    for (const GUI::GenericGraph::NodeBase* node : widget.getNodes()) {
+        const Picked picked = m_view->findAt(node->getRect().center());
+        QCOMPARE(picked.node, static_cast<Tessel::TesselBase*>(
+                                  static_cast<const GUI::CallGraph::Node*>(node)->getProcedure()));
+        QCOMPARE(picked.other, nullptr);
+    }
+    QCOMPARE(m_view->findAt(QPoint(-5, -5)).node, nullptr);
+}
+
+// What is selected is drawn as what the mouse is over.
+void CallGraphViewTest::selectsTheProcedureAround() {
+    describe({});
+    auto& widget = static_cast<GUI::CallGraph::CallGraphWidget&>(m_view->getWidget());
+    widget.resize(900, 700);
+    const QImage before = widget.viewport()->grab().toImage();
+    Tessel::TesselBase* statement = SubjectFinder(m_program).find({QString(), 8}, {Subject::Kind::Program, Subject::Kind::Statement}).subject.getNode();
+    m_view->selectNode(*statement);
+    const QImage after = widget.viewport()->grab().toImage();
+    for (const GUI::GenericGraph::NodeBase* node : widget.getNodes()) {
+        const QRect box = node->getRect().adjusted(2, 2, -2, -2);
+        const bool isMain = static_cast<const GUI::CallGraph::Node*>(node)->getProcedure()->getName() == "main";
+        QCOMPARE(after.copy(box) != before.copy(box), isMain);
+    }
 }
 
 } // namespace Kova::Shell

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/views/LamportDependencesView.h"
 
+#include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/TranslationUnit.h"
 #include "shell/messages/MessageLog.h"
 #include "shell/views/DependenceTable.h"
 #include "shell/views/ViewDescription.h"
@@ -71,6 +73,8 @@ private Q_SLOTS:
     void theTableFollowsTheFilter();
     void aRowShowsItsArrow();
     void anArrowShowsItsRow();
+    void anArrowStandsForItsEnds();
+    void anOccurrenceSelectsItsArrow();
     void toolBarHasTheFilter();
     void clearedViewIsEmpty();
     void whatIsWorthAPicture();
@@ -195,6 +199,43 @@ void LamportDependencesViewTest::anArrowShowsItsRow() {
         return;
     }
     QFAIL("no arrow can be hit");
+}
+
+void LamportDependencesViewTest::anArrowStandsForItsEnds() {
+    const QJsonArray edges = describe({"f", {}})["edges"].toArray();
+    for (int i = 0; i < edges.size(); ++i) {
+        widget().selectEdge(i);
+        const Picked ends = m_view->findAt(QPoint(0, 0));
+        for (const auto& [end, node] : {std::pair{"source", ends.node}, {"target", ends.other}}) {
+            const QJsonObject described = edges.at(i).toObject()[end].toObject();
+            QCOMPARE(static_cast<int>(node->getSourceRange().beginLine), described["line"].toInt());
+            QCOMPARE(static_cast<int>(node->getSourceRange().beginColumn), described["column"].toInt());
+        }
+    }
+    widget().selectEdge(-1);
+    QCOMPARE(m_view->findAt(QPoint(0, 0)).node, nullptr);
+    m_view->clear();
+    QCOMPARE(m_view->findAt(QPoint(0, 0)).node, nullptr);
+}
+
+void LamportDependencesViewTest::anOccurrenceSelectsItsArrow() {
+    const QJsonArray edges = describe({"f", {}})["edges"].toArray();
+    QVERIFY(edges.size() > 1);
+    for (int i = 0; i < edges.size(); ++i) {
+        widget().selectEdge(i);
+        const Tessel::TesselBase* target = m_view->findAt(QPoint(0, 0)).other;
+        widget().selectEdge(-1);
+        m_view->selectNode(*target);
+        const int selected = widget().getSelectedEdge();
+        QVERIFY(selected >= 0 && selected <= i);
+        const Picked ends = m_view->findAt(QPoint(0, 0));
+        QVERIFY(ends.node == target || ends.other == target);
+        QCOMPARE(table().getSelectedRecord(), selected);
+    }
+    // What is in no dependence changes nothing.
+    const int before = widget().getSelectedEdge();
+    m_view->selectNode(*m_program.getUnit().getTranslationUnit(0));
+    QCOMPARE(widget().getSelectedEdge(), before);
 }
 
 void LamportDependencesViewTest::toolBarHasTheFilter() {

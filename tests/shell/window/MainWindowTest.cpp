@@ -4,19 +4,27 @@
 #include "shell/window/ConsolePane.h"
 #include "shell/window/ProgramTree.h"
 #include "shell/window/RecentFiles.h"
+#include "shell/window/SourcePane.h"
 #include "shell/window/ViewPane.h"
 #include "shell/window/WelcomePage.h"
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "tests/shell/ShellTesting.h"
-#include "visualization/graphcore/GraphWidgetBase.h"
+#include "visualization/callgraph/Node.h"
+#include "visualization/graphcore/GenericGraphWidgetBase.h"
+#include "visualization/sourceselector/SourceSelector.h"
+#include "visualization/sourceselector/SourceSelectorEx.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSettings>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -65,6 +73,11 @@ private Q_SLOTS:
     void zoomIsInTheStatusBar();
     void messagesOfTheViewAreInTheConsole();
     void menusHaveWhatTheyShould();
+    void theSourceShowsTheSubject();
+    void pickingInTheSourceShowsIt();
+    void pickingInTheViewMarksTheSource();
+    void doubleClicksInTheTreeShowTheSource();
+    void theSourceForgetsTheProgram();
 
 private:
     [[nodiscard]] std::unique_ptr<MainWindow> makeWindow();
@@ -351,6 +364,105 @@ void MainWindowTest::menusHaveWhatTheyShould() {
     QVERIFY(action("Call Graph").isChecked());
     action("Quit").trigger();
     QVERIFY(!m_window->isVisible());
+}
+
+void MainWindowTest::theSourceShowsTheSubject() {
+    const auto window = makeWindow();
+    window->openFiles({write("a.c", source)});
+    auto& pane = *window->findChild<SourcePane*>();
+    const GUI::SourceSelector& selector = *pane.getBrowser().getSelector();
+    QVERIFY(selector.getText().getLineCount() > 0);
+    QCOMPARE(selector.getMark(0), nullptr);
+    auto& tree = *window->findChild<ProgramTree*>();
+    // The second subroutine, `main`.
+    tree.setCurrentIndex(tree.model()->index(1, 0, tree.model()->index(0, 0)));
+    QVERIFY(selector.getMark(0) != nullptr);
+    QCOMPARE(selector.getMark(0)->getSourceRange().beginLine, 2U);
+}
+
+void MainWindowTest::pickingInTheSourceShowsIt() {
+    const auto window = makeWindow();
+    window->openFiles({write("a.c", source)});
+    auto& pane = *window->findChild<SourcePane*>();
+    GUI::SourceSelector& selector = *pane.getBrowser().getSelector();
+    // The statement of line 5, as it is printed.
+    Tessel::TesselBase* node = nullptr;
+    for (int line = 0; line < selector.getText().getLineCount(); ++line)
+        for (const GUI::SourceText::Part& part : selector.getText().getLine(line))
+            if (part.text == "s")
+                node = part.node;
+    QVERIFY(node != nullptr);
+    selector.setMark(node, 0);
+    const auto titles = [&] {
+        QStringList texts;
+        for (const QLabel* label : window->statusBar()->findChildren<QLabel*>())
+            texts.append(label->text());
+        return texts;
+    };
+    QVERIFY2(titles().contains("statement at line 6 in main"), qPrintable(titles().join(", ")));
+    // The mark stays on what was picked.
+    QCOMPARE(selector.getMark(0), node);
+    // A view of blocks shows the block around it.
+    for (QAction* action : window->findChildren<QAction*>())
+        if (action->data().toString() == "lamport-dependences")
+            action->trigger();
+    QVERIFY2(titles().contains("statement at line 6 in main"), qPrintable(titles().join(", ")));
+    for (int line = 0; line < selector.getText().getLineCount(); ++line)
+        for (const GUI::SourceText::Part& part : selector.getText().getLine(line))
+            if (part.text == "leaf" && part.node->getSourceRange().beginLine == 5)
+                node = part.node;
+    selector.setMark(node, 0);
+    QVERIFY2(titles().contains("block at line 5 in main"), qPrintable(titles().join(", ")));
+}
+
+void MainWindowTest::pickingInTheViewMarksTheSource() {
+    const auto window = makeWindow();
+    window->openFiles({write("a.c", source)});
+    auto& pane = *window->findChild<ViewPane*>();
+    const GUI::SourceSelector& selector = *window->findChild<SourcePane*>()->getBrowser().getSelector();
+    auto& widget = static_cast<GUI::GenericGraph::GenericGraphWidgetBase&>(*pane.getWidget());
+    const auto* node = static_cast<const GUI::CallGraph::Node*>(widget.getNodes().front());
+    const QPoint middle = node->getRect().center() - QPoint(widget.horizontalScrollBar()->value(),
+                                                            widget.verticalScrollBar()->value());
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    QCOMPARE(selector.getMark(4), static_cast<Tessel::TesselBase*>(node->getProcedure()));
+    QVERIFY(selector.isNodeSelected(*node->getProcedure()));
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(1, 1));
+    QVERIFY(selector.isNodeSelected(*node->getProcedure()));
+}
+
+void MainWindowTest::doubleClicksInTheTreeShowTheSource() {
+    const auto window = makeWindow();
+    window->openFiles({write("a.c", source)});
+    auto& pane = *window->findChild<SourcePane*>();
+    auto* dock = window->findChild<QDockWidget*>("source");
+    QVERIFY(dock != nullptr);
+    dock->hide();
+    pane.setCurrentIndex(1);
+    auto& tree = *window->findChild<ProgramTree*>();
+    const QModelIndex second = tree.model()->index(1, 0, tree.model()->index(0, 0));
+    const QPoint place = tree.visualRect(second).center();
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(dock->isHidden());
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QVERIFY(!dock->isHidden());
+    QCOMPARE(pane.currentIndex(), 0);
+    QCOMPARE(pane.getBrowser().getSelector()->getMark(0)->getSourceRange().beginLine, 2U);
+}
+
+void MainWindowTest::theSourceForgetsTheProgram() {
+    const auto window = makeWindow();
+    window->openFiles({write("a.c", source)});
+    auto& pane = *window->findChild<SourcePane*>();
+    const Tessel::TesselBase* before = pane.getBrowser().getRootNode();
+    QVERIFY(before != nullptr);
+    pane.getBrowser().getSelector()->grab();
+    QVERIFY(window->reload());
+    QVERIFY(pane.getBrowser().getRootNode() != nullptr);
+    pane.getBrowser().getSelector()->grab();
+    window->openFiles({write("b.c", "int only(void) { return 1; }\n")});
+    QCOMPARE(pane.getBrowser().findChild<QComboBox*>()->count(), 1);
+    QCOMPARE(pane.getBrowser().findChild<QComboBox*>()->itemText(0), QString("only"));
 }
 
 } // namespace Kova::Shell

@@ -4,10 +4,14 @@
 #include "shell/views/ViewTable.h"
 #include "shell/window/WelcomePage.h"
 #include "tests/shell/ShellTesting.h"
-#include "visualization/graphcore/GraphWidgetBase.h"
+#include "environment/tessel/SubroutineDeclaration.h"
+#include "visualization/callgraph/Node.h"
+#include "visualization/graphcore/GenericGraphWidgetBase.h"
 
+#include <QApplication>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTableView>
 #include <QtTest>
 
 namespace Kova::Shell {
@@ -26,6 +30,9 @@ private Q_SLOTS:
     void positionsAreRestored();
     void zoomWithoutAViewDoesNothing();
     void clearingForgetsTheProgram();
+    void clicksPickNodes();
+    void dragsPickNothing();
+    void panelsPickNodes();
 
 private:
     void showProgram() { m_pane->show(*findViewKind("call-graph"), SubjectFinder(m_program).find({}, {}).subject); }
@@ -149,6 +156,60 @@ void ViewPaneTest::clearingForgetsTheProgram() {
     QVERIFY(qobject_cast<WelcomePage*>(m_pane->currentWidget()) != nullptr);
     showProgram();
     QCOMPARE(m_pane->getWidget(), &widget); // the view is made once
+}
+
+// The picture of the program's first procedure, clicked in its middle.
+void ViewPaneTest::clicksPickNodes() {
+    showProgram();
+    QList<Picked> picks;
+    connect(m_pane.get(), &ViewPane::picked, this, [&](const Picked& what) { picks.append(what); });
+    auto& widget = static_cast<GUI::GenericGraph::GenericGraphWidgetBase&>(*m_pane->getWidget());
+    widget.setScale(1.0);
+    const auto* node = static_cast<const GUI::CallGraph::Node*>(widget.getNodes().front());
+    widget.scrollToNode(*node);
+    const QPoint middle = node->getRect().center() - QPoint(widget.horizontalScrollBar()->value(),
+                                                            widget.verticalScrollBar()->value());
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    QCOMPARE(picks.size(), 1);
+    QCOMPARE(picks.front().node, static_cast<Tessel::TesselBase*>(node->getProcedure()));
+    QCOMPARE(picks.front().other, nullptr);
+    QTest::mouseClick(widget.viewport(), Qt::MiddleButton, Qt::NoModifier, middle);
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(1, 1));
+    QCOMPARE(picks.size(), 1);
+}
+
+void ViewPaneTest::dragsPickNothing() {
+    showProgram();
+    QSignalSpy picks(m_pane.get(), &ViewPane::picked);
+    auto& widget = static_cast<GUI::GenericGraph::GenericGraphWidgetBase&>(*m_pane->getWidget());
+    widget.setScale(1.0);
+    GUI::GenericGraph::NodeBase* node = widget.getNodes().front();
+    widget.scrollToNode(*node);
+    const QPoint middle = node->getRect().center() - QPoint(widget.horizontalScrollBar()->value(),
+                                                            widget.verticalScrollBar()->value());
+    const int far = QApplication::startDragDistance();
+    QTest::mousePress(widget.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    QTest::mouseMove(widget.viewport(), middle + QPoint(far, 0));
+    QTest::mouseRelease(widget.viewport(), Qt::LeftButton, Qt::NoModifier, middle + QPoint(far, 0));
+    QCOMPARE(picks.count(), 0);
+}
+
+void ViewPaneTest::panelsPickNodes() {
+    m_program = Testing::readProgram({m_folder.write("b.c", "int f(int n) {\n"
+                                                            "  n = 1;\n"
+                                                            "  return n;\n"
+                                                            "}\n")});
+    m_pane->show(*findViewKind("lamport-dependences"), SubjectFinder(m_program).find({"f", {}}, {}).subject);
+    QList<Picked> picks;
+    connect(m_pane.get(), &ViewPane::picked, this, [&](const Picked& what) { picks.append(what); });
+    auto* table = qobject_cast<QTableView*>(m_pane->getView()->getPanel());
+    QVERIFY(table != nullptr);
+    QCOMPARE(table->model()->rowCount(), 1);
+    table->selectRow(0);
+    QCOMPARE(picks.size(), 1);
+    // From the n that is written in line 2 to the n that is read in line 3.
+    QCOMPARE(picks.front().node->getSourceRange().beginLine, 2U);
+    QCOMPARE(picks.front().other->getSourceRange().beginLine, 3U);
 }
 
 } // namespace Kova::Shell

@@ -18,7 +18,8 @@ using namespace Kova::Tessel;
 namespace {
 
 std::shared_ptr<const PrintedNodes> printedNodes(TesselBase& root) {
-    SourceText text;
+    PieceTexts pieces;
+    SourceText text(pieces);
     SourceSelectorOutput output(text);
     Shared::ProgramTextBuilder builder(output, {});
     root.accept(builder);

@@ -32,7 +32,8 @@ private Q_SLOTS:
 };
 
 void SelectorTextTest::isEmptyAtFirst() {
-    const SourceText text;
+    PieceTexts pieces;
+    const SourceText text(pieces);
     const ExpressionPtr node = Kova::Tests::literal("1");
     QCOMPARE(text.getLineCount(), 0);
     QCOMPARE(text.getPartCount(), 0);
@@ -43,7 +44,8 @@ void SelectorTextTest::isEmptyAtFirst() {
 void SelectorTextTest::newLinesBeginWithTheirText() {
     const ExpressionPtr node = Kova::Tests::literal("1");
     const ExpressionPtr other = Kova::Tests::literal("2");
-    SourceText text;
+    PieceTexts pieces;
+    SourceText text(pieces);
     SourceSelectorOutput output(text);
     output.writeNewLine("one", *node);
     output.write("two", *other);
@@ -61,7 +63,8 @@ void SelectorTextTest::newLinesBeginWithTheirText() {
 
 void SelectorTextTest::textBeforeAnyLineOpensOne() {
     const ExpressionPtr node = Kova::Tests::literal("1");
-    SourceText text;
+    PieceTexts pieces;
+    SourceText text(pieces);
     SourceSelectorOutput output(text);
     output.write("a", *node);
     output.write("b", *node);
@@ -71,7 +74,8 @@ void SelectorTextTest::textBeforeAnyLineOpensOne() {
 
 void SelectorTextTest::widestLineCountsCharacters() {
     const ExpressionPtr node = Kova::Tests::literal("1");
-    SourceText text;
+    PieceTexts pieces;
+    SourceText text(pieces);
     SourceSelectorOutput output(text);
     output.writeNewLine("12345", *node);
     output.writeNewLine("\xC3\xA4\xC3\xA4\xC3\xA4", *node);
@@ -84,7 +88,8 @@ void SelectorTextTest::linesOfNodesAreThoseOfTheirFirstParts() {
     const ExpressionPtr first = Kova::Tests::literal("1");
     const ExpressionPtr second = Kova::Tests::literal("2");
     const ExpressionPtr third = Kova::Tests::literal("3");
-    SourceText text;
+    PieceTexts pieces;
+    SourceText text(pieces);
     SourceSelectorOutput output(text);
     output.writeNewLine("x", *first);
     output.writeNewLine("x", *first);
