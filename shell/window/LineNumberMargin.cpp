@@ -44,7 +44,7 @@ void LineNumberMargin::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().color(QPalette::AlternateBase));
     painter.setFont(m_text.font());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     for (QTextBlock block = blockAt(m_text, event->rect().top()); block.isValid(); block = block.next()) {
         const QRect line = m_text.cursorRect(QTextCursor(block));
         if (line.top() > event->rect().bottom())
