@@ -2,6 +2,7 @@
 #include "shell/program/SourceReader.h"
 
 #include "environment/tessel/ProgramUnit.h"
+#include "shell/program/FileLanguage.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -12,11 +13,6 @@
 namespace Kova::Shell {
 
 namespace {
-
-bool hasFortranSuffix(const QString& path) {
-    static const QStringList suffixes = {"f", "for", "ftn", "f77", "f90", "f95", "f03", "f08"};
-    return suffixes.contains(QFileInfo(path).suffix().toLower());
-}
 
 OpenedFile::State stateOf(Frontends::CFrontend::Result result) {
     switch (result) {
@@ -63,9 +59,8 @@ OpenedProgram SourceReader::read(const QStringList& paths) const {
     return program;
 }
 
-// Whatever is not Fortran by its name is taken for C: header and include files bear many suffixes, or none.
 OpenedFile::State SourceReader::readFile(const QString& path, Tessel::ProgramUnit& program) const {
-    if (hasFortranSuffix(path))
+    if (languageOf(path) == Tessel::LANG_FORTRAN)
         return refuse(path, "cannot be read: only C files can", program);
     try {
         return stateOf(Frontends::CFrontend(m_options).read(QFile::encodeName(path).toStdString(), program));

@@ -2,44 +2,20 @@
 #include "visualization/highlight/FortranSyntaxHighlighter.h"
 
 #include "tests/visualization/highlight/ColouredText.h"
+#include "tests/visualization/highlight/LanguageTables.h"
 
 #include <QtTest>
 
 using Kova::GUI::FortranSyntaxHighlighter;
-
-namespace {
-
-class OpenHighlighter : public FortranSyntaxHighlighter {
-public:
-    using FortranSyntaxHighlighter::FortranSyntaxHighlighter;
-    using FortranSyntaxHighlighter::getKeywords;
-    using FortranSyntaxHighlighter::getRules;
-};
-
-} // namespace
 
 class FortranSyntaxHighlighterTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void tables() {
-        QTextDocument document;
-        const OpenHighlighter highlighter(&document);
-        QStringList words;
-        for (const auto& keyword : highlighter.getKeywords()) {
-            words.append(keyword.matcher.pattern());
-            QCOMPARE(keyword.matcher.caseSensitivity(), Qt::CaseInsensitive);
-        }
-        QCOMPARE(words.size(), 153);
-        QCOMPARE(words, fortranKeywords());
-        QCOMPARE(highlighter.getRules().size(), 2);
-        QCOMPARE(highlighter.getRules().at(0).format, PlainWalk::commentFormat());
-        QCOMPARE(highlighter.getRules().at(1).format, PlainWalk::quotationFormat());
-        for (const auto& rule : highlighter.getRules()) {
-            QVERIFY(rule.pattern.isValid());
-            QCOMPARE(rule.pattern.patternSyntax(), QRegExp::RegExp);
-            QCOMPARE(rule.pattern.caseSensitivity(), Qt::CaseSensitive);
-        }
+        QCOMPARE(fortranKeywords().size(), 153);
+        compareTables<FortranSyntaxHighlighter>(fortranKeywords(), Qt::CaseInsensitive,
+                                                {PlainWalk::commentFormat(), PlainWalk::quotationFormat()});
         QCOMPARE(FortranSyntaxHighlighter::staticMetaObject.className(), "Kova::GUI::FortranSyntaxHighlighter");
     }
 
