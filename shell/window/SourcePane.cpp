@@ -23,6 +23,7 @@ using Tessel::TesselBase;
 constexpr int userMarks = 4;
 constexpr int pickedMark = userMarks;
 constexpr int otherMark = userMarks + 1;
+constexpr int firstMarkSlot = 2;
 
 bool isWithin(const TesselBase* node, const TesselBase* root) {
     while (node != nullptr && node != root)
@@ -72,16 +73,18 @@ void SourcePane::showSubject(const Subject& subject) {
         return;
     const QScopedValueRollback<bool> silence(m_silent, true);
     showFileOf(*node);
-    if (selector().getMark(0) == node)
-        return;
-    if (selector().containsNode(node)) {
-        selector().setMark(node, 0);
-        selector().ensureNodeVisible(node);
-    } else {
-        selector().setMarkFragment({}, 0);
-        selector().setMark(nullptr, 0);
-    }
+    mark(node, 0);
+    selector().ensureNodeVisible(node);
     updateFilePage();
+}
+
+// A mark without its colour still holds its node, and is not set to it again.
+void SourcePane::mark(TesselBase* node, int mark) {
+    selector().setMark(nullptr, mark);
+    if (node != nullptr && selector().getMark(mark) == node)
+        selector().markNode(node, mark + firstMarkSlot);
+    else
+        selector().setMark(node, mark);
 }
 
 // The root stays when it holds the node, were it only a part of the file.
@@ -97,12 +100,8 @@ void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     if (node != nullptr)
         showFileOf(*node);
-    for (const auto& [picked, mark] : {std::pair{node, pickedMark}, {other, otherMark}}) {
-        if (picked != nullptr && selector().getMark(mark) == picked)
-            continue;
-        selector().setMark(nullptr, mark);
-        selector().setMark(picked, mark);
-    }
+    mark(node, pickedMark);
+    mark(other, otherMark);
     selector().ensureNodeVisible(node);
     updateFilePage();
 }
@@ -157,7 +156,8 @@ TesselBase* SourcePane::firstNodeInView() const {
     const int end = std::min(first + selector().viewport()->height() / height + 1, text.getLineCount());
     TesselBase* marked = selector().getMark(0);
     const int markedLine = text.findLine(marked);
-    if (markedLine >= first && markedLine < end && marked->getSourceRange().file != nullptr)
+    if (markedLine >= first && markedLine < end && selector().isNodeSelected(*marked) &&
+        marked->getSourceRange().file != nullptr)
         return marked;
     for (int line = first; line < text.getLineCount(); ++line)
         for (const GUI::SourceText::Part& part : text.getLine(line))

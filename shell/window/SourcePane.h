@@ -41,6 +41,8 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] GUI::SourceSelector& selector() const;
+    /// Moves a mark; null takes its colour away.
+    void mark(Tessel::TesselBase* node, int mark);
     void showFileOf(Tessel::TesselBase& node);
     void pick(int mark);
     void pickLine(int line);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/program/SubjectFinder.h"
 
+#include "environment/tessel/StatementBase.h"
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "tests/shell/ShellTesting.h"
 
 #include <QtTest>

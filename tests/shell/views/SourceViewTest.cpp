@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QFontMetrics>
 #include <QJsonArray>
+#include <QScrollBar>
 #include <QtTest>
 
 namespace Kova::Shell {
@@ -36,6 +37,15 @@ QStringList linesOf(const QJsonObject& description) {
         lines.append(text);
     }
     return lines;
+}
+
+/// Outside of a picture there is no ink.
+bool isInked(const QImage& picture, const QRect& area) {
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            if (picture.rect().contains(x, y) && qAlpha(picture.pixel(x, y)) > 0 && qGray(picture.pixel(x, y)) < 160)
+                return true;
+    return false;
 }
 
 } // namespace
@@ -146,11 +156,22 @@ void SourceViewTest::thePictureHasItsMarks() {
 // What is left out while a part is drawn must not be missed.
 void SourceViewTest::onScreenAsExported() {
     GUI::GraphWidgetBase& widget = m_view->getWidget();
-    widget.resize(600, 400);
     m_view->show(find({"one", {}}));
-    const QImage screen = widget.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    const QImage picture = widget.renderImage().convertToFormat(QImage::Format_RGB32);
-    QCOMPARE(screen.copy(QRect(QPoint(0, 0), picture.size())), picture);
+    // Glyphs may be smoothed differently: what counts is where they are.
+    const QFontMetrics metrics(QFont("Monospace", 10));
+    const QSize cell(metrics.averageCharWidth(), metrics.height());
+    for (const QPoint& scrolled : {QPoint(0, 0), QPoint(3 * cell.width(), 2 * cell.height())}) {
+        widget.resize(scrolled.isNull() ? QSize(600, 400) : QSize(8 * cell.width(), 3 * cell.height()));
+        widget.grab();
+        widget.horizontalScrollBar()->setValue(scrolled.x());
+        widget.verticalScrollBar()->setValue(scrolled.y());
+        QCOMPARE(QPoint(widget.horizontalScrollBar()->value(), widget.verticalScrollBar()->value()), scrolled);
+        const QImage screen = widget.viewport()->grab().toImage();
+        const QImage picture = widget.renderImage();
+        for (int y = metrics.descent(); y + cell.height() <= screen.height(); y += cell.height())
+            for (int x = 0; x + cell.width() <= screen.width(); x += cell.width())
+                QCOMPARE(isInked(screen, QRect(QPoint(x, y), cell)), isInked(picture, QRect(QPoint(x, y) + scrolled, cell)));
+    }
 }
 
 void SourceViewTest::placesAreNodes() {

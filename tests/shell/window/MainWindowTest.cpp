@@ -367,24 +367,22 @@ void MainWindowTest::menusHaveWhatTheyShould() {
 }
 
 void MainWindowTest::theSourceShowsTheSubject() {
-    const auto window = makeWindow();
-    window->openFiles({write("a.c", source)});
-    auto& pane = *window->findChild<SourcePane*>();
-    const GUI::SourceSelector& selector = *pane.getBrowser().getSelector();
+    QVERIFY(m_window->openFiles({m_folder->write("a.c", source)}));
+    auto& sourcePane = *m_window->findChild<SourcePane*>();
+    const GUI::SourceSelector& selector = *sourcePane.getBrowser().getSelector();
     QVERIFY(selector.getText().getLineCount() > 0);
     QCOMPARE(selector.getMark(0), nullptr);
-    auto& tree = *window->findChild<ProgramTree*>();
+    ProgramTree& programTree = tree();
     // The second subroutine, `main`.
-    tree.setCurrentIndex(tree.model()->index(1, 0, tree.model()->index(0, 0)));
+    programTree.setCurrentIndex(programTree.model()->index(1, 0, programTree.model()->index(0, 0)));
     QVERIFY(selector.getMark(0) != nullptr);
     QCOMPARE(selector.getMark(0)->getSourceRange().beginLine, 2U);
 }
 
 void MainWindowTest::pickingInTheSourceShowsIt() {
-    const auto window = makeWindow();
-    window->openFiles({write("a.c", source)});
-    auto& pane = *window->findChild<SourcePane*>();
-    GUI::SourceSelector& selector = *pane.getBrowser().getSelector();
+    QVERIFY(m_window->openFiles({m_folder->write("a.c", source)}));
+    auto& sourcePane = *m_window->findChild<SourcePane*>();
+    GUI::SourceSelector& selector = *sourcePane.getBrowser().getSelector();
     // The statement of line 5, as it is printed.
     Tessel::TesselBase* node = nullptr;
     for (int line = 0; line < selector.getText().getLineCount(); ++line)
@@ -393,34 +391,26 @@ void MainWindowTest::pickingInTheSourceShowsIt() {
                 node = part.node;
     QVERIFY(node != nullptr);
     selector.setMark(node, 0);
-    const auto titles = [&] {
-        QStringList texts;
-        for (const QLabel* label : window->statusBar()->findChildren<QLabel*>())
-            texts.append(label->text());
-        return texts;
-    };
-    QVERIFY2(titles().contains("statement at line 6 in main"), qPrintable(titles().join(", ")));
+    QCOMPARE(field("subject").text(), QString("statement at line 6 in main"));
     // The mark stays on what was picked.
     QCOMPARE(selector.getMark(0), node);
     // A view of blocks shows the block around it.
-    for (QAction* action : window->findChildren<QAction*>())
-        if (action->data().toString() == "lamport-dependences")
-            action->trigger();
-    QVERIFY2(titles().contains("statement at line 6 in main"), qPrintable(titles().join(", ")));
+    for (QAction* chosen : m_window->findChildren<QAction*>())
+        if (chosen->data().toString() == "lamport-dependences")
+            chosen->trigger();
+    QCOMPARE(field("subject").text(), QString("statement at line 6 in main"));
     for (int line = 0; line < selector.getText().getLineCount(); ++line)
         for (const GUI::SourceText::Part& part : selector.getText().getLine(line))
             if (part.text == "leaf" && part.node->getSourceRange().beginLine == 5)
                 node = part.node;
     selector.setMark(node, 0);
-    QVERIFY2(titles().contains("block at line 5 in main"), qPrintable(titles().join(", ")));
+    QCOMPARE(field("subject").text(), QString("block at line 5 in main"));
 }
 
 void MainWindowTest::pickingInTheViewMarksTheSource() {
-    const auto window = makeWindow();
-    window->openFiles({write("a.c", source)});
-    auto& pane = *window->findChild<ViewPane*>();
-    const GUI::SourceSelector& selector = *window->findChild<SourcePane*>()->getBrowser().getSelector();
-    auto& widget = static_cast<GUI::GenericGraph::GenericGraphWidgetBase&>(*pane.getWidget());
+    QVERIFY(m_window->openFiles({m_folder->write("a.c", source)}));
+        const GUI::SourceSelector& selector = *m_window->findChild<SourcePane*>()->getBrowser().getSelector();
+    auto& widget = static_cast<GUI::GenericGraph::GenericGraphWidgetBase&>(*pane().getWidget());
     const auto* node = static_cast<const GUI::CallGraph::Node*>(widget.getNodes().front());
     const QPoint middle = node->getRect().center() - QPoint(widget.horizontalScrollBar()->value(),
                                                             widget.verticalScrollBar()->value());
@@ -432,37 +422,35 @@ void MainWindowTest::pickingInTheViewMarksTheSource() {
 }
 
 void MainWindowTest::doubleClicksInTheTreeShowTheSource() {
-    const auto window = makeWindow();
-    window->openFiles({write("a.c", source)});
-    auto& pane = *window->findChild<SourcePane*>();
-    auto* dock = window->findChild<QDockWidget*>("source");
+    QVERIFY(m_window->openFiles({m_folder->write("a.c", source)}));
+    auto& sourcePane = *m_window->findChild<SourcePane*>();
+    auto* dock = m_window->findChild<QDockWidget*>("source");
     QVERIFY(dock != nullptr);
     dock->hide();
-    pane.setCurrentIndex(1);
-    auto& tree = *window->findChild<ProgramTree*>();
-    const QModelIndex second = tree.model()->index(1, 0, tree.model()->index(0, 0));
-    const QPoint place = tree.visualRect(second).center();
-    QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    sourcePane.setCurrentIndex(1);
+    ProgramTree& programTree = tree();
+    const QModelIndex second = programTree.model()->index(1, 0, programTree.model()->index(0, 0));
+    const QPoint place = programTree.visualRect(second).center();
+    QTest::mouseClick(programTree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QVERIFY(dock->isHidden());
-    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(programTree.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QVERIFY(!dock->isHidden());
-    QCOMPARE(pane.currentIndex(), 0);
-    QCOMPARE(pane.getBrowser().getSelector()->getMark(0)->getSourceRange().beginLine, 2U);
+    QCOMPARE(sourcePane.currentIndex(), 0);
+    QCOMPARE(sourcePane.getBrowser().getSelector()->getMark(0)->getSourceRange().beginLine, 2U);
 }
 
 void MainWindowTest::theSourceForgetsTheProgram() {
-    const auto window = makeWindow();
-    window->openFiles({write("a.c", source)});
-    auto& pane = *window->findChild<SourcePane*>();
-    const Tessel::TesselBase* before = pane.getBrowser().getRootNode();
+    QVERIFY(m_window->openFiles({m_folder->write("a.c", source)}));
+    auto& sourcePane = *m_window->findChild<SourcePane*>();
+    const Tessel::TesselBase* before = sourcePane.getBrowser().getRootNode();
     QVERIFY(before != nullptr);
-    pane.getBrowser().getSelector()->grab();
-    QVERIFY(window->reload());
-    QVERIFY(pane.getBrowser().getRootNode() != nullptr);
-    pane.getBrowser().getSelector()->grab();
-    window->openFiles({write("b.c", "int only(void) { return 1; }\n")});
-    QCOMPARE(pane.getBrowser().findChild<QComboBox*>()->count(), 1);
-    QCOMPARE(pane.getBrowser().findChild<QComboBox*>()->itemText(0), QString("only"));
+    sourcePane.getBrowser().getSelector()->grab();
+    QVERIFY(m_window->reload());
+    QVERIFY(sourcePane.getBrowser().getRootNode() != nullptr);
+    sourcePane.getBrowser().getSelector()->grab();
+    QVERIFY(m_window->openFiles({m_folder->write("b.c", "int only(void) { return 1; }\n")}));
+    QCOMPARE(sourcePane.getBrowser().findChild<QComboBox*>()->count(), 1);
+    QCOMPARE(sourcePane.getBrowser().findChild<QComboBox*>()->itemText(0), QString("only"));
 }
 
 } // namespace Kova::Shell
