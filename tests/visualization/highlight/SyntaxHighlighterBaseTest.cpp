@@ -196,6 +196,8 @@ private Q_SLOTS:
                                      << ".ccc.0";
         QTest::newRow("two on one line") << "<>a<>"
                                          << "cc.cc0";
+        QTest::newRow("one right behind another") << "<><>"
+                                                  << "cccc0";
         QTest::newRow("open") << "a<b"
                               << ".cc1";
         QTest::newRow("over lines") << "a<b\nc\nd>e"
