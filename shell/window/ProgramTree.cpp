@@ -2,6 +2,8 @@
 #include "shell/window/ProgramTree.h"
 
 #include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/StatementBase.h"
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "shell/program/OpenedProgram.h"
 #include "shell/program/ProgramOutline.h"
 
@@ -46,8 +48,20 @@ void ProgramTree::setShowsBlocks(bool shows) {
 
 void ProgramTree::showSubject(const Subject& subject) {
     const QScopedValueRollback<bool> silence(m_silent, true);
-    if (m_model->getSubject(currentIndex()) != subject)
-        setCurrentIndex(m_model->findIndex(subject));
+    const QModelIndex row = rowAround(subject);
+    if (row != currentIndex().siblingAtColumn(ProgramTreeModel::NameColumn))
+        setCurrentIndex(row);
+}
+
+QModelIndex ProgramTree::rowAround(const Subject& subject) const {
+    QModelIndex row = m_model->findIndex(subject);
+    for (Tessel::TesselBase* node = subject.getNode(); node != nullptr && !row.isValid(); node = node->getParent()) {
+        if (auto* statement = dynamic_cast<Tessel::StatementBase*>(node))
+            row = m_model->findIndex(Subject(*statement));
+        else if (auto* subroutine = dynamic_cast<Tessel::SubroutineDeclaration*>(node))
+            row = m_model->findIndex(Subject(*subroutine));
+    }
+    return row;
 }
 
 void ProgramTree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -22,7 +22,7 @@ public:
     /// Whether blocks have rows, too; they have none at first.
     void setShowsBlocks(bool shows);
 
-    /// Makes the subject's row the current one, without telling that it was picked.
+    /// Makes the subject's row the current one, or that of what is around it, without telling that it was picked.
     void showSubject(const Subject& subject);
 
     [[nodiscard]] const ProgramTreeModel& getModel() const { return *m_model; }
@@ -37,6 +37,8 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    [[nodiscard]] QModelIndex rowAround(const Subject& subject) const;
+
     ProgramTreeModel* m_model;
     const OpenedProgram* m_program = nullptr;
     bool m_showsBlocks = false;
