@@ -23,8 +23,13 @@ bool takesAll(const Subject& subject) {
     return subject.getKind() != Subject::Kind::None;
 }
 
-bool isWhole(const Subject& subject) {
-    return subject.getKind() == Subject::Kind::Program || subject.getKind() == Subject::Kind::Subroutine;
+/// Procedures that one can still read in a picture, which cannot be of any height either.
+bool isShortSubroutine(const Subject& subject) {
+    constexpr std::uint32_t mostLines = 1000;
+    if (subject.getKind() != Subject::Kind::Subroutine)
+        return false;
+    const Tessel::SourceRange& range = subject.getNode()->getSourceRange();
+    return range.endLine - range.beginLine < mostLines;
 }
 
 /// "ForStatement": the class of a node without its namespace.
@@ -60,7 +65,7 @@ ViewKind SourceView::kind() {
     kind.title = "Source";
     kind.preference = {Subject::Kind::Program, Subject::Kind::Statement};
     kind.takes = &takesAll;
-    kind.isWorthExporting = &isWhole;
+    kind.isWorthExporting = &isShortSubroutine;
     kind.create = []() -> std::unique_ptr<View> { return std::make_unique<SourceView>(); };
     return kind;
 }

@@ -73,7 +73,7 @@ void BatchRunTest::helpAndVersion() {
 
 void BatchRunTest::wrongUsage() {
     for (const QStringList& arguments : {QStringList{"--nonsense"},
-                                         {"--view", "source", "--describe", "a.c"},
+                                         {"--view", "nonsense", "--describe", "a.c"},
                                          {"--export", "a.png", "a.c"},
                                          {"--list"},
                                          {"--line", "none", "a.c"}}) {
@@ -131,7 +131,8 @@ void BatchRunTest::listAndExportAll() {
     QCOMPARE(run.error, QByteArray());
     QCOMPARE(namesIn(parse(run.out), "subroutines", "name"), QStringList({"leaf", "main"}));
     QCOMPARE(filesIn("out"), QStringList({"call-graph-main.png", "call-graph-main.svg", "call-graph-program.png",
-                                          "call-graph-program.svg", "index.html"}));
+                                          "call-graph-program.svg", "index.html", "source-leaf.png", "source-leaf.svg",
+                                          "source-main.png", "source-main.svg"}));
 }
 
 void BatchRunTest::functionAndLine() {

@@ -185,9 +185,14 @@ void SourceViewTest::placesAreNodes() {
 
 void SourceViewTest::whatIsWorthAPicture() {
     const ViewKind kind = SourceView::kind();
-    QVERIFY(kind.isWorthExporting(find({})));
+    QVERIFY(!kind.isWorthExporting(find({})));
     QVERIFY(kind.isWorthExporting(find({"two", {}})));
     QVERIFY(!kind.isWorthExporting(find({QString(), 4})));
+    for (const int lines : {1000, 1001}) {
+        const QByteArray text = "int f(void) {" + QByteArray(lines - 1, '\n') + "return 1; }\n";
+        const Testing::WrittenProgram written(text);
+        QCOMPARE(kind.isWorthExporting(SubjectFinder(written.program).find({"f", {}}, {}).subject), lines == 1000);
+    }
 }
 
 void SourceViewTest::clearedViewIsEmpty() {

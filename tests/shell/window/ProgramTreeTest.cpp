@@ -2,6 +2,7 @@
 #include "shell/window/ProgramTree.h"
 
 #include "shell/program/SubjectFinder.h"
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "tests/shell/ShellTesting.h"
 
 #include <QtTest>
@@ -62,6 +63,12 @@ void ProgramTreeTest::showingASubjectPicksNothing() {
     QCOMPARE(m_tree->currentIndex().data().toString(), QString("f"));
     m_tree->showSubject(loop); // the body is no loop: no row
     QVERIFY(!m_tree->currentIndex().isValid());
+    // What has no row of its own is in what is around it.
+    const SubjectFinder finder(m_program);
+    m_tree->showSubject(Subject(*finder.findStatement(2, nullptr)));
+    QCOMPARE(m_tree->currentIndex().data().toString(), QString("g"));
+    m_tree->showSubject(Subject(*f.getSubroutine()->getBody()->getStatement(0)));
+    QCOMPARE(m_tree->currentIndex().data().toString(), QString("for loop"));
     QCOMPARE(m_picked, QStringList());
 }
 
