@@ -44,7 +44,7 @@ void MainWindow::buildDocks() {
     m_panelDock->setWidget(m_panels);
     addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
     connect(m_panelDock->toggleViewAction(), &QAction::triggered, this, [this](bool shown) { m_panelWanted = shown; });
-    resizeDocks({program, m_panelDock}, {300, 420}, Qt::Horizontal);
+    resizeDocks({program, m_panelDock}, {220, 540}, Qt::Horizontal);
     resizeDocks({console}, {120}, Qt::Vertical);
 }
 
