@@ -30,6 +30,19 @@ public:
     mutable int drawn = 0;
 };
 
+/// Notes when it is drawn.
+class NotedNode : public GraphNodeBase {
+public:
+    NotedNode(const QPoint& pos, const QString& text, QStringList& drawn) : GraphNodeBase(pos, text), m_drawn(drawn) {}
+    void draw(QPainter& painter) const override {
+        m_drawn.append(getText());
+        GraphNodeBase::draw(painter);
+    }
+
+private:
+    QStringList& m_drawn;
+};
+
 /// Adds up the widths of the texts that are drawn on it.
 class TextRuler : public QPaintDevice {
 public:
@@ -155,6 +168,28 @@ private Q_SLOTS:
             inkBeside |= qGray(image.pixel(curve.start.x() - 2, y)) < 128;
         }
         QVERIFY(inkBeside);
+    }
+
+    void wordsAreDrawnLineByLine() {
+        QStringList drawn;
+        TestTextGraph graph;
+        // Neither by their places nor by their texts.
+        const QList<QStringList> texts = {
+            {QStringLiteral("d"), QStringLiteral("b")}, {}, {QStringLiteral("c"), QStringLiteral("a")}};
+        for (const QStringList& line : texts) {
+            graph.lines().append(NodesLine());
+            for (const QString& text : line)
+                graph.lines().last().nodes.append(
+                    new NotedNode(QPoint(50 - 20 * graph.getLines().last().nodes.size(), 0), text, drawn));
+            graph.lines().last().setY(100 - 30 * graph.getLines().size());
+        }
+        QImage image = canvas(QSize(100, 100));
+        QPainter painter(&image);
+        graph.drawGraph(painter);
+        QCOMPARE(drawn,
+                 (QStringList{QStringLiteral("d"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")}));
+        QCOMPARE(painter.font().family(), graph.getFont().family());
+        QCOMPARE(painter.font().pointSize(), 14);
     }
 
     void theSelectedEdgeIsWide() {
