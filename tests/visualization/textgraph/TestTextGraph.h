@@ -131,7 +131,20 @@ public:
     std::function<bool(const EdgeBase*)> filter;
     int asked = 0;
 
+    /// How often the viewport is painted because of the action.
+    int repaintsAfter(const std::function<void()>& action) {
+        QCoreApplication::processEvents();
+        m_repaints = 0;
+        action();
+        QCoreApplication::processEvents();
+        return m_repaints;
+    }
+
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++m_repaints;
+        TextGraphWidgetBase::paintEvent(event);
+    }
     void mousePressEvent(QMouseEvent* event) override {
         TextGraphWidgetBase::mousePressEvent(event);
         m_accepted = event->isAccepted();
@@ -155,6 +168,7 @@ private:
 
     // What the widget did, before the event went on to its parents.
     bool m_accepted = false;
+    int m_repaints = 0;
 };
 
 } // namespace Kova::GUI::TextGraph
