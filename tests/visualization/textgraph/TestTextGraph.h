@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <random>
+#include <vector>
 
 namespace Kova::GUI::TextGraph {
 
@@ -97,6 +98,16 @@ public:
             join(from, any(0, 9) == 0 ? from : node(other, any(0, wordCount - 1)), colors[i % 4]);
         }
         moveCloseLinesApart();
+    }
+
+    /// Of both ends of each edge.
+    [[nodiscard]] std::vector<int> portNumbers() const {
+        std::vector<int> numbers;
+        for (const EdgeBase* edge : getEdges()) {
+            for (const EdgeSide side : {EdgeSide::From, EdgeSide::To})
+                numbers.push_back(edge->getPort(side));
+        }
+        return numbers;
     }
 
     /// The middle of a word.

@@ -335,7 +335,9 @@ private Q_SLOTS:
         for (const CountedNode* node : nodes) {
             drawn += node->drawn;
             const QRectF place(node->getPos().x() - 300, node->getPos().y() - 2400 - 15, 44, 20);
-            if (place.intersects(image.rect()))
+            // Nodes may draw a line's height beyond their rectangles.
+            const qreal reach = graph.getLineHeight() - 1;
+            if (place.adjusted(-reach, -reach, reach, reach).intersects(image.rect()))
                 QCOMPARE(node->drawn, 1);
         }
         // 6 × 11 can be seen; one or two more on each side are drawn for safety.
@@ -403,6 +405,21 @@ private Q_SLOTS:
                 QVERIFY(isWhole(QPoint(node->getRightEnd(), node->getPos().y() - 12)));
             }
         }
+    }
+
+    /// The ports of a loop are in the middle of its word, however far that is from where it swings out.
+    void loopsOfLongWordsAreNotMissed() {
+        TestTextGraph graph;
+        graph.addText({QString(), QStringLiteral("   ") + QString(60, QLatin1Char('x'))});
+        GraphNodeBase* word = graph.node(1, graph.getLines().at(1).nodes.size() - 1);
+        graph.join(word, word, Qt::red);
+        graph.finish();
+        const QRect bulge = graph.edgeRects().at(0).toAlignedRect();
+        QVERIFY(bulge.width() > 200);
+        const View view{1.0, QPoint(0, 0), QRect(bulge.left() - 2, bulge.center().y() - 2, 6, 4)};
+        const QImage painted = paint(graph, view, false);
+        QCOMPARE(painted, paint(graph, view, true));
+        QVERIFY(painted != canvas(view.size));
     }
 
     void paintingChangesNothing() {

@@ -163,6 +163,43 @@ private Q_SLOTS:
         QCOMPARE(graph.edgeRects().at(1), left->getShape().boundingRect());
     }
 
+    void onlyTheLeftButtonPutsAWordDown() {
+        Sample graph;
+        graph.createMenu();
+        const QPoint start = graph.middleOf(1, 1);
+        graph.press(start);
+        graph.press(start, Qt::RightButton);
+        QVERIFY(graph.release(start, Qt::RightButton));
+        QVERIFY(graph.menu().isVisible());
+        graph.menu().close();
+        graph.release(start, Qt::MiddleButton);
+        QCOMPARE(graph.heldNode(), QPoint(1, 1));
+        graph.release(start);
+        QCOMPARE(graph.heldNode(), QPoint(-1, -1));
+    }
+
+    /// Straight edges only, and once: more rounds, or all edges, would give other orders here.
+    void portsAreSortedOnceWhenTheWordIsPutDown() {
+        const auto numbers = [](const std::function<void(TestTextGraph&)>& action) {
+            TestTextGraph graph(QSize(1200, 800));
+            std::mt19937 generator(3);
+            graph.addRandom(generator, 6, 3, 60, 6);
+            graph.setBuilded();
+            graph.show();
+            action(graph);
+            return graph.portNumbers();
+        };
+        const auto dropped = numbers([](TestTextGraph& graph) {
+            graph.press(graph.middleOf(5, 0));
+            QCOMPARE(graph.heldNode(), QPoint(5, 0));
+            graph.release(graph.middleOf(5, 0));
+        });
+        QCOMPARE(dropped, numbers([](TestTextGraph& graph) { graph.reorder(false, 1); }));
+        QVERIFY(dropped != numbers([](TestTextGraph& graph) { graph.reorder(false, 2); }));
+        QVERIFY(dropped != numbers([](TestTextGraph& graph) { graph.reorder(true, 1); }));
+        QVERIFY(dropped != numbers([](TestTextGraph&) {}));
+    }
+
     void blankSpacePans() {
         Sample graph(QSize(200, 60));
         graph.setGraphSize(graph.getGraphSize() + QSize(200, 0));

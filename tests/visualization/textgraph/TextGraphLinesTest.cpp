@@ -422,6 +422,25 @@ private Q_SLOTS:
         QCOMPARE(graph.getEdges().at(0)->getPort(EdgeSide::From), 1);
     }
 
+    /// All kinds of edges, and once: more rounds, or straight edges only, would give other orders here.
+    void portsAreSortedOnceWhenVisibilityChanges() {
+        const auto numbers = [](const std::function<void(TestTextGraph&)>& sort) {
+            TestTextGraph graph;
+            std::mt19937 generator(3);
+            graph.addRandom(generator, 6, 3, 60, 6);
+            for (EdgeBase* edge : graph.getEdges())
+                edge->setVisible(edge->getPen().color() != Qt::red);
+            graph.filter = [](const EdgeBase* edge) { return edge->getPen().color() != Qt::red; };
+            sort(graph);
+            return graph.portNumbers();
+        };
+        const auto updated = numbers([](TestTextGraph& graph) { graph.updateEdgesVisibility(); });
+        QCOMPARE(updated, numbers([](TestTextGraph& graph) { graph.reorder(true, 1); }));
+        QVERIFY(updated != numbers([](TestTextGraph& graph) { graph.reorder(true, 2); }));
+        QVERIFY(updated != numbers([](TestTextGraph& graph) { graph.reorder(false, 1); }));
+        QVERIFY(updated != numbers([](TestTextGraph&) {}));
+    }
+
     void visibilityFollowsTheFilter() {
         TestTextGraph graph;
         graph.addText(fourLines());
