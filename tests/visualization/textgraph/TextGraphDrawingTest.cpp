@@ -422,6 +422,29 @@ private Q_SLOTS:
         QVERIFY(painted != canvas(view.size));
     }
 
+    /// From 50 down to 53, with wings that reach up to 38.
+    void arrowheadsLongerThanTheirEdgesAreNotMissed() {
+        TestTextGraph graph;
+        graph.addText({QStringLiteral("a"), QStringLiteral("b")});
+        graph.lines()[0].setY(40);
+        graph.lines()[1].setY(60);
+        graph.node(0, 0)->setRect(QRect(QPoint(0, -5), QPoint(9, 10)));
+        graph.node(1, 0)->setRect(QRect(QPoint(0, -7), QPoint(9, 0)));
+        graph.join(graph.node(0, 0), graph.node(1, 0), Qt::red);
+        graph.finish();
+        const ArrowCurve curve = graph.getEdges().at(0)->getCurve();
+        QCOMPARE(curve.start, QPoint(5, 50));
+        QCOMPARE(curve.end, QPoint(5, 53));
+        QCOMPARE(curve.wings.first.y(), 38);
+        const View view{1.0, QPoint(0, 0), QRect(0, 37, 12, 4)};
+        const QImage painted = paint(graph, view, false);
+        QCOMPARE(painted, paint(graph, view, true));
+        bool red = false;
+        for (int x = 0; x < 12; ++x)
+            red |= painted.pixelColor(x, 39).green() < 200 && painted.pixelColor(x, 39).red() > 200;
+        QVERIFY(red);
+    }
+
     void paintingChangesNothing() {
         std::mt19937 generator(1);
         TestTextGraph graph;
