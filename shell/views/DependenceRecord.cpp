@@ -4,6 +4,7 @@
 #include "environment/analyses/lamport/LampArrow.h"
 #include "environment/printing/OutToC.h"
 #include "environment/tessel/ExpressionBase.h"
+#include "visualization/depgraph/EdgeTypeColor.h"
 
 #include <QJsonArray>
 
@@ -74,6 +75,7 @@ void DependenceRecord::describe(QJsonObject& description) const {
 DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow) {
     DependenceRecord record;
     record.kind = kindOf(arrow.getType());
+    record.color = GUI::DepGraph::edgeTypeToColor(arrow.getType());
     record.source = endOf(*arrow.getSource());
     record.target = endOf(*arrow.getTarget());
     record.carriers = arrow.getCarriers();

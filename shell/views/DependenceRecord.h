@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -29,6 +30,8 @@ struct DependenceRecord {
 
     /// "flow", "anti", "output", "input" or "unknown".
     QString kind;
+    /// Of the arrow.
+    QColor color;
     End source;
     End target;
     /// Numbers of loops, -1 for the dependence within an iteration, ascending; empty when nothing is known.

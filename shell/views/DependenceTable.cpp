@@ -9,11 +9,15 @@ namespace Kova::Shell {
 
 namespace {
 
+constexpr QSize swatch(10, 10);
+
 class ShownRows : public QSortFilterProxyModel {
 public:
-    ShownRows(DependenceTable::Test isShown, QObject* parent)
+    ShownRows(DependenceTable::Test isShown, DependenceTableModel& model, QObject* parent)
         : QSortFilterProxyModel(parent),
-          m_isShown(std::move(isShown)) {
+          m_isShown(std::move(isShown)),
+          m_model(model) {
+        setSourceModel(&model);
         setSortRole(DependenceTableModel::sortRole);
         setDynamicSortFilter(true);
     }
@@ -23,8 +27,24 @@ protected:
         return m_isShown(row);
     }
 
+    /// Lists of numbers one number after the other: what is unknown, or varies, goes first.
+    [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+        const DependenceRecord& one = recordAt(left);
+        const DependenceRecord& other = recordAt(right);
+        if (left.column() == DependenceTableModel::CarriersColumn)
+            return one.carriers < other.carriers;
+        if (left.column() == DependenceTableModel::DistanceColumn)
+            return one.distance < other.distance;
+        return QSortFilterProxyModel::lessThan(left, right);
+    }
+
 private:
+    [[nodiscard]] const DependenceRecord& recordAt(const QModelIndex& index) const {
+        return m_model.getRecords()[static_cast<std::size_t>(index.row())];
+    }
+
     DependenceTable::Test m_isShown;
+    DependenceTableModel& m_model;
 };
 
 } // namespace
@@ -32,9 +52,8 @@ private:
 DependenceTable::DependenceTable(Test isShown, QWidget* parent)
     : QTableView(parent),
       m_model(new DependenceTableModel(this)),
-      m_shown(new ShownRows(std::move(isShown), this)) {
+      m_shown(new ShownRows(std::move(isShown), *m_model, this)) {
     setWindowTitle(tr("Dependences"));
-    m_shown->setSourceModel(m_model);
     setModel(m_shown);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -45,6 +64,7 @@ DependenceTable::DependenceTable(Test isShown, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    setIconSize(swatch);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
 }

@@ -40,6 +40,9 @@ QVariant DependenceTableModel::data(const QModelIndex& index, int role) const {
     // The last wording is the one that everybody understands.
     if (role == Qt::ToolTipRole)
         return record.tags.isEmpty() ? QString() : record.tags.last();
+    // The table is the picture's legend.
+    if (role == Qt::DecorationRole && index.column() == KindColumn)
+        return record.color;
     if (role != Qt::DisplayRole && role != sortRole)
         return {};
     switch (index.column()) {

@@ -22,7 +22,7 @@ public:
         StateColumn,
         ColumnCount
     };
-    /// What rows are sorted by: lines as numbers, everything else as text.
+    /// What rows are sorted by: lines as numbers, everything else as text. The table sorts lists of numbers itself.
     static constexpr int sortRole = Qt::UserRole;
 
     explicit DependenceTableModel(QObject* parent = nullptr);

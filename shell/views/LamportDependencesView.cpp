@@ -86,6 +86,7 @@ void LamportDependencesView::show(const Subject& subject) {
     graph.Build(*block, ::DepGraph::BP_DEFAULT, true);
     graph.Refine(::DepGraph::RM_EXACT);
     m_widget->onNewGraph(&graph, block);
+    m_widget->makeRoomAbove();
     std::vector<DependenceRecord> records;
     for (const ::DepGraph::LampArrow* arrow : graph.getArrows()) {
         records.push_back(recordOf(*arrow));

@@ -47,10 +47,15 @@ void MainWindow::buildDocks() {
     addDockWidget(Qt::BottomDockWidgetArea, console);
     m_panelDock->setObjectName("details");
     m_panelDock->setWidget(m_panels);
-    addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_panelDock);
     connect(m_panelDock->toggleViewAction(), &QAction::triggered, this, [this](bool shown) { m_panelWanted = shown; });
-    resizeDocks({program, m_panelDock}, {400, 420}, Qt::Horizontal);
-    resizeDocks({program, m_sourceDock, console}, {220, 460, 120}, Qt::Vertical);
+    // Tables are wide, and the program's text is long.
+    splitDockWidget(console, m_panelDock, Qt::Horizontal);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    resizeDocks({program}, {400}, Qt::Horizontal);
+    resizeDocks({program, m_sourceDock}, {220, 580}, Qt::Vertical);
+    resizeDocks({console, m_panelDock}, {260, 540}, Qt::Horizontal);
+    resizeDocks({console}, {200}, Qt::Vertical);
 }
 
 void MainWindow::buildMenus() {

@@ -71,6 +71,9 @@ public:
     void selectEdge(int index);
     /// Scrolls to an edge: as a whole if there is room for it, otherwise to its start. Ignores hidden edges.
     void scrollToEdge(int index);
+    /// Moves all lines down, as a drag of the first one does, until no edge that is shown reaches above the top of the
+    /// picture; the graph grows with them. Edges that are filtered out and shown again later have their room as well.
+    void makeRoomAbove();
     /// Called with the index whenever the mouse makes another edge the highlighted one (-1 for none); empty for no
     /// call.
     void setHoverListener(std::function<void(int edge)> listener) { m_hoverListener = std::move(listener); }

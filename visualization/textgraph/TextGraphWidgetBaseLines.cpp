@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Where lines and words are, and in which order the arrows leave them.
+#include "visualization/graphcore/Rounding.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 #include "visualization/textgraph/Saturated.h"
 #include "visualization/textgraph/TextGraphWidgetBase.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -72,6 +74,18 @@ private:
     std::vector<std::pair<int, int>> m_pairs;
 };
 
+/// The highest point of an edge, wherever its ports are along their words: they wander when other edges come and go,
+/// and an arc rises by an eighth of its length.
+double highestPoint(const EdgeBase& edge) {
+    const double top = edge.getShape().boundingRect().top();
+    if (edge.getShapeType() != EdgeBase::Arc)
+        return top;
+    return top - (edge.getFrom()->getRect().width() + edge.getTo()->getRect().width()) / 8.0;
+}
+
+/// Half the pen of a selected edge, and what smoothing adds.
+constexpr double penRoom = 2.0;
+
 enum PortOrder : int { StraightEdges = 1, AllEdges = 4 };
 
 } // namespace
@@ -128,6 +142,20 @@ void TextGraphWidgetBase::moveCloseLinesApart() {
     }
     // Every line can be scrolled to and is exported.
     fitHeight();
+}
+
+void TextGraphWidgetBase::makeRoomAbove() {
+    double top = penRoom;
+    for (const EdgeBase* edge : m_edges) {
+        if (edge->isVisible())
+            top = std::min(top, highestPoint(*edge));
+    }
+    if (top >= penRoom)
+        return;
+    shiftLines(0, roundHalfAway(std::ceil(penRoom - top)));
+    fitHeight();
+    updateMap();
+    viewport()->update();
 }
 
 void TextGraphWidgetBase::reorder(bool full, int rounds) {

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void differentNamesAreBothNamed();
     void inThePicturesOrderAtFirst();
     void linesAreSortedAsNumbers();
+    void listsAreSortedNumberByNumber();
+    void kindsHaveTheColoursOfTheirArrows();
     void filteredRowsGoAndComeBack();
     void pickedRowsAreToldByTheirNumbers();
     void selectingByProgramTellsNobody();
@@ -107,6 +109,42 @@ void DependenceTableTest::linesAreSortedAsNumbers() {
     QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"9", "10", "100"}));
     m_table->sortByColumn(DependenceTableModel::VariableColumn, Qt::DescendingOrder);
     QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"c", "b", "a"}));
+}
+
+void DependenceTableTest::listsAreSortedNumberByNumber() {
+    std::vector<DependenceRecord> records;
+    const std::vector<std::vector<int>> carriers = {{10}, {2}, {-1, 2}, {}, {-1}, {1, 10}, {1, 9}};
+    const std::vector<std::vector<std::optional<long>>> distances = {
+        {10}, {9}, {0, 10}, {}, {std::nullopt, 1}, {0, std::nullopt}, {0, -2}};
+    for (std::size_t i = 0; i < carriers.size(); ++i) {
+        records.push_back(record("flow", "a", 1, 1, carriers[i]));
+        records.back().distance = distances[i];
+    }
+    m_table->setRecords(records);
+    m_table->sortByColumn(DependenceTableModel::CarriersColumn, Qt::AscendingOrder);
+    QCOMPARE(column(DependenceTableModel::CarriersColumn),
+             QStringList({"?", "LID", "LID, 2", "1, 9", "1, 10", "2", "10"}));
+    m_table->sortByColumn(DependenceTableModel::DistanceColumn, Qt::DescendingOrder);
+    QCOMPARE(column(DependenceTableModel::DistanceColumn),
+             QStringList({"(10)", "(9)", "(0, 10)", "(0, -2)", "(0, *)", "(*, 1)", ""}));
+}
+
+void DependenceTableTest::kindsHaveTheColoursOfTheirArrows() {
+    std::vector<DependenceRecord> records = threeRecords();
+    records[1].color = Qt::red;
+    m_table->setRecords(records);
+    const auto decoration = [this](int columnNumber) {
+        return m_table->model()->index(1, columnNumber).data(Qt::DecorationRole);
+    };
+    QCOMPARE(decoration(DependenceTableModel::KindColumn).value<QColor>(), QColor(Qt::red));
+    for (int other = 1; other < DependenceTableModel::ColumnCount; ++other)
+        QVERIFY(!decoration(other).isValid());
+    const QRect cell = m_table->visualRect(m_table->model()->index(1, 0));
+    const QImage painted = m_table->viewport()->grab(cell).toImage();
+    int red = 0;
+    for (int x = 0; x < painted.width(); ++x)
+        red += painted.pixelColor(x, painted.height() / 2) == QColor(Qt::red);
+    QCOMPARE(red, 10);
 }
 
 void DependenceTableTest::filteredRowsGoAndComeBack() {

@@ -70,6 +70,8 @@ private Q_SLOTS:
     void edgesSayAllThatIsKnown();
     void nodesAreTheWords();
     void withoutDependencesThereIsTheText();
+    void arcsAboveTheFirstLinesAreNotCutOff();
+    void rowsAreInTheColoursOfTheirArrows();
     void theTableFollowsTheFilter();
     void aRowShowsItsArrow();
     void anArrowShowsItsRow();
@@ -157,6 +159,33 @@ void LamportDependencesViewTest::withoutDependencesThereIsTheText() {
     QCOMPARE(description["edges"].toArray(), QJsonArray());
     QVERIFY(m_view->getWidget().isBuilded());
     QCOMPARE(m_view->summarize(), QString("0 dependences"));
+}
+
+void LamportDependencesViewTest::arcsAboveTheFirstLinesAreNotCutOff() {
+    const QString file = m_folder.write(
+        "wide.c", "double h(double x, double y) {\n"
+                  "    return x + 111111111111111111111111.0 + 222222222222222222222222.0 + x + y;\n}\n");
+    m_program = Testing::readProgram({file});
+    QCOMPARE(edgesOf(describe({"h", {}})), QStringList("input x 2:12 -> x 2:74 [-1] ()"));
+    const QRectF arc = widget().getEdges().at(0)->getShape().boundingRect();
+    QVERIFY(arc.height() > 60.0);
+    QVERIFY(QRectF(QPointF(0, 0), widget().getGraphSize()).contains(arc));
+    QCOMPARE(widget().getGraphSize().height(), widget().getLines().last().y + widget().getLineHeight());
+    // Without such arcs the first line is where it always is.
+    m_program = Testing::readProgram({m_folder.write("a.c", source)});
+    describe({"f", {}});
+    QCOMPARE(widget().getLines().first().y, widget().getLineHeight() + 2);
+}
+
+void LamportDependencesViewTest::rowsAreInTheColoursOfTheirArrows() {
+    describe({"f", {}});
+    QSet<QString> kinds;
+    for (int i = 0; i < widget().getEdges().size(); ++i) {
+        const DependenceRecord& record = table().getRecords().at(static_cast<std::size_t>(i));
+        QCOMPARE(record.color, widget().getEdges().at(i)->getPen().color());
+        kinds.insert(record.kind);
+    }
+    QCOMPARE(kinds.size(), 4);
 }
 
 void LamportDependencesViewTest::theTableFollowsTheFilter() {

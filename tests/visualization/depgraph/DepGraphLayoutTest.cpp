@@ -1,14 +1,61 @@
 // SPDX-License-Identifier: MIT
 #include "tests/visualization/depgraph/TestedWidget.h"
+#include "tests/visualization/textgraph/PlainPorts.h"
 #include "visualization/depgraph/DepGraphWidget.h"
 
 #include <QFontMetrics>
+#include <QHash>
 #include <QtTest>
+
+#include <random>
 
 using namespace DepGraph;
 using Kova::GUI::TextGraph::EdgeSide;
 using Kova::GUI::TextGraph::GraphNodeBase;
 using Kova::GUI::TextGraph::NodeBase;
+using Kova::GUI::TextGraph::PlainPorts;
+
+namespace {
+
+/// The ports of a picture's edges, sorted in these modes one after the other from the order in which the edges are
+/// listed. Edges that are hidden are so from the beginning.
+std::vector<int> sortedPorts(const TestedWidget& widget, std::initializer_list<int> modes) {
+    PlainPorts plain;
+    QHash<const NodeBase*, std::size_t> places;
+    for (const auto& line : widget.getLines()) {
+        for (const NodeBase* word : line.nodes) {
+            if (dynamic_cast<const GraphNodeBase*>(word) == nullptr)
+                continue;
+            places.insert(word, plain.nodes.size());
+            plain.nodes.push_back({word->getPos(), word->getRect(), {}, {}});
+        }
+    }
+    for (const auto* edge : widget.getEdges())
+        plain.addEdge(places.value(edge->getFrom()), places.value(edge->getTo()));
+    for (std::size_t edge = 0; edge < plain.edges.size(); ++edge) {
+        if (!widget.getEdges().at(static_cast<int>(edge))->isVisible())
+            plain.hide(edge);
+    }
+    for (const int mode : modes) {
+        for (std::size_t node = 0; node < plain.nodes.size(); ++node)
+            plain.reorder(node, mode);
+    }
+    std::vector<int> numbers;
+    for (const PlainPorts::Edge& edge : plain.edges)
+        numbers.insert(numbers.end(), edge.numbers.begin(), edge.numbers.end());
+    return numbers;
+}
+
+std::vector<int> portsOf(const TestedWidget& widget) {
+    std::vector<int> numbers;
+    for (const auto* edge : widget.getEdges()) {
+        numbers.push_back(edge->getPort(EdgeSide::From));
+        numbers.push_back(edge->getPort(EdgeSide::To));
+    }
+    return numbers;
+}
+
+} // namespace
 
 /// Where words and arrows are.
 class DepGraphLayoutTest : public QObject {
@@ -21,6 +68,7 @@ private Q_SLOTS:
     void joinedLinesAreApart();
     void inputLoopsHaveRoom();
     void twoArrowsHaveTheirOwnPorts();
+    void portsAreSortedFourTimes();
     void theFontIsThatOfTheLayout();
 };
 
@@ -158,6 +206,35 @@ void DepGraphLayoutTest::twoArrowsHaveTheirOwnPorts() {
     QCOMPARE(widget.edge(0).getTo()->getUpPorts().size(), std::size_t{2});
     QVERIFY(widget.edge(0).getPort(EdgeSide::From) != widget.edge(1).getPort(EdgeSide::From));
     QVERIFY(widget.edge(0).getPort(EdgeSide::To) != widget.edge(1).getPort(EdgeSide::To));
+}
+
+/// Once when the filter gets its graph, twice for the order, once when all is shown, and never with what a filter
+/// hides. The rules of the order are such that it matters how often.
+void DepGraphLayoutTest::portsAreSortedFourTimes() {
+    int tellThree = 0;
+    int tellFive = 0;
+    for (unsigned seed = 0; seed < 200; ++seed) {
+        std::mt19937 generator(seed);
+        const auto any = [&](std::size_t limit) {
+            return std::uniform_int_distribution<std::size_t>(0, limit - 1)(generator);
+        };
+        SampleBlock sample;
+        const Kova::Tessel::ExpressionBase* occurrences[] = {sample.bound,    sample.writtenA, sample.readS,
+                                                             sample.writtenS, sample.addedS,   sample.readA,
+                                                             sample.writtenT, sample.lastS};
+        for (int i = 0; i < 40; ++i)
+            sample.add(1 << any(4), occurrences[any(8)], occurrences[any(8)], {1});
+        TestedWidget widget;
+        if (seed % 2 == 1)
+            widget.entry("Input")->trigger();
+        widget.build(sample);
+        const std::vector<int> ports = portsOf(widget);
+        QCOMPARE(ports, sortedPorts(widget, {4, 4, 4, 4}));
+        tellThree += ports != sortedPorts(widget, {4, 4, 4});
+        tellFive += ports != sortedPorts(widget, {4, 4, 4, 4, 4});
+    }
+    QVERIFY(tellThree > 0);
+    QVERIFY(tellFive > 0);
 }
 
 void DepGraphLayoutTest::theFontIsThatOfTheLayout() {

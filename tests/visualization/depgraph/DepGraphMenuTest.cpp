@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/visualization/depgraph/BracketingTranslator.h"
 #include "tests/visualization/depgraph/TestedWidget.h"
 #include "visualization/depgraph/DepGraphWidget.h"
 
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void init();
 
     void entriesAreInOrder();
+    void entriesAreTranslated();
     void hintFormsAreExclusive();
     void hintFormsChooseTags();
     void hiddenEdgesChangeTheirHintsToo();
@@ -87,6 +89,16 @@ void DepGraphMenuTest::entriesAreInOrder() {
                         QStringList({"-", "Save As Image...", "Save As SVG..."}));
     QCOMPARE(separators, QStringList({"Hints Form", ""}));
     QCOMPARE(checkable, kindTexts + hintForms);
+}
+
+void DepGraphMenuTest::entriesAreTranslated() {
+    const BracketingTranslator translator("Kova::GUI::DepGraph::DepGraphWidget");
+    TestedWidget widget;
+    QStringList texts;
+    for (const QAction* action : widget.menu().actions().mid(6, 5))
+        texts.append(action->text());
+    QCOMPARE(texts, QStringList({"<Hints Form>", "<Popular Russian>", "<Developer English>", "<Developer Russian>",
+                                 "<Popular English>"}));
 }
 
 void DepGraphMenuTest::hintFormsAreExclusive() {

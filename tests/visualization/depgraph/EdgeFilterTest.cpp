@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/depgraph/EdgeFilter.h"
 
+#include "tests/visualization/depgraph/BracketingTranslator.h"
 #include "tests/visualization/depgraph/FilterSample.h"
 
 #include <QMetaMethod>
@@ -19,6 +20,7 @@ private Q_SLOTS:
 
     void signalsAndSlots();
     void actionsAreInOrder();
+    void textsAreTranslated();
     void nothingIsShownBeforeTheFirstGraph();
     void everythingIsShownAtFirst();
     void kindsAreToggledByTheirActions();
@@ -71,6 +73,25 @@ void EdgeFilterTest::actionsAreInOrder() {
     QVERIFY(m_sample->variables().isEmpty());
     QVERIFY(m_sample->carriers().isEmpty());
     QCOMPARE(m_sample->filter.getActions(), actions);
+}
+
+void EdgeFilterTest::textsAreTranslated() {
+    const BracketingTranslator translator("Kova::GUI::DepGraph::EdgeFilter");
+    FilterSample sample;
+    const LamportEdge* edge = sample.edge(DT_FLOW, {-1}, "a", "a");
+    const LamportEdge* carried = sample.edge(DT_FLOW, {1}, "a", "a");
+    sample.showGraph();
+    QStringList texts;
+    for (const QAction* action : sample.filter.getActions())
+        texts.append(action->text());
+    QCOMPARE(texts, QStringList({"<Flow>", "<Anti>", "<Output>", "<Input>", "<Variables>", "<Carriers>"}));
+    QCOMPARE(FilterSample::textsOf(sample.variables()), QStringList({"<All>", "-", "a"}));
+    QCOMPARE(FilterSample::textsOf(sample.carriers()), QStringList({"<All>", "-", "<LID>", "1"}));
+    FilterSample::entryOf(sample.carriers(), "<LID>")->trigger();
+    QVERIFY(!sample.shows(edge));
+    QVERIFY(sample.shows(carried));
+    FilterSample::entryOf(sample.carriers(), "<LID>")->trigger();
+    QVERIFY(sample.shows(edge));
 }
 
 void EdgeFilterTest::nothingIsShownBeforeTheFirstGraph() {

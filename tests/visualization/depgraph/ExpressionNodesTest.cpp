@@ -39,6 +39,7 @@ class ExpressionNodesTest : public QObject {
 private Q_SLOTS:
     void announcedObjectsGetNodesForEdges();
     void otherObjectsGetPlainText();
+    void nothingGetsPlainText();
     void announcingTwiceKeepsTheNode();
     void anObjectHasOneNode();
     void findsBothEnds();
@@ -79,6 +80,14 @@ void ExpressionNodesTest::otherObjectsGetPlainText() {
         QCOMPARE(node->getText(), QString("for"));
         QVERIFY(make(nodes, object) != node);
     }
+}
+
+// Keywords are printed for no expression, even if that was announced.
+void ExpressionNodesTest::nothingGetsPlainText() {
+    ExpressionNodes nodes;
+    nodes.registerExpr(nullptr);
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(dynamic_cast<const GraphNodeBase*>(make(nodes, nullptr, "for")) == nullptr);
 }
 
 void ExpressionNodesTest::announcingTwiceKeepsTheNode() {

@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <random>
+#include <vector>
 
 namespace Kova::GUI::TextGraph {
 
@@ -99,6 +100,16 @@ public:
         moveCloseLinesApart();
     }
 
+    /// Of both ends of each edge.
+    [[nodiscard]] std::vector<int> portNumbers() const {
+        std::vector<int> numbers;
+        for (const EdgeBase* edge : getEdges()) {
+            for (const EdgeSide side : {EdgeSide::From, EdgeSide::To})
+                numbers.push_back(edge->getPort(side));
+        }
+        return numbers;
+    }
+
     /// The middle of a word.
     [[nodiscard]] QPoint middleOf(int line, int index) const {
         const NodeBase* word = node(line, index);
@@ -131,7 +142,20 @@ public:
     std::function<bool(const EdgeBase*)> filter;
     int asked = 0;
 
+    /// How often the viewport is painted because of the action.
+    int repaintsAfter(const std::function<void()>& action) {
+        QCoreApplication::processEvents();
+        m_repaints = 0;
+        action();
+        QCoreApplication::processEvents();
+        return m_repaints;
+    }
+
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++m_repaints;
+        TextGraphWidgetBase::paintEvent(event);
+    }
     void mousePressEvent(QMouseEvent* event) override {
         TextGraphWidgetBase::mousePressEvent(event);
         m_accepted = event->isAccepted();
@@ -155,6 +179,7 @@ private:
 
     // What the widget did, before the event went on to its parents.
     bool m_accepted = false;
+    int m_repaints = 0;
 };
 
 } // namespace Kova::GUI::TextGraph

@@ -170,6 +170,16 @@ private Q_SLOTS:
         QCOMPARE(pointsOf(edge.getShape()), expected);
     }
 
+    /// A single unit downwards is downwards.
+    void arrowheadsOfFlatEdges() {
+        const auto upper = word(60, 45);
+        const auto lower = word(70, 66);
+        const EdgeBase down(upper.get(), lower.get());
+        // From (100, 50) to (110, 51), 5.71 degrees down: wings at 15.71 and -4.29 degrees.
+        const std::vector<QPointF> expected = {{100, 50}, {110, 51}, {95, 46}, {110, 51}, {95, 52}};
+        QCOMPARE(pointsOf(down.getShape()), expected);
+    }
+
     void arcToTheRight() {
         const auto a = word(60, 65);
         const auto b = word(360, 65);
@@ -200,8 +210,10 @@ private Q_SLOTS:
     void arcsRiseByThirtyDegrees() {
         using C = std::complex<double>;
         const double pi = std::acos(-1.0);
-        for (const int dx : {-400, -57, -3, -1, 1, 2, 10, 123, 1000}) {
+        for (const int dx : {-400, -57, -3, -1, 0, 1, 2, 10, 123, 1000}) {
             for (const int dy : {-7, -1, 0, 1, 2, 9}) {
+                if (dx == 0 && dy == 0)
+                    continue;
                 const auto a = word(1000, 500);
                 const auto b = word(1000 + dx, 500);
                 b->setRect(QRect(QPoint(0, -15 + dy), QPoint(79, 5)));
@@ -222,6 +234,33 @@ private Q_SLOTS:
                          qPrintable(QStringLiteral("%1 %2").arg(dx).arg(dy)));
                 QVERIFY(curve.firstControl.y() <= std::max(curve.start.y(), curve.end.y()));
             }
+        }
+    }
+
+    /// Given ports along the bottom by hand, arcs hang below the line.
+    void arcsFromTheBottomHangDown() {
+        const auto a = word(60, 65);
+        const auto b = word(361, 65);
+        for (const bool rightwards : {true, false}) {
+            Node* from = rightwards ? a.get() : b.get();
+            Node* to = rightwards ? b.get() : a.get();
+            EdgeBase edge(from, to);
+            const int number = static_cast<int>(from->getDownPorts().size()) + 1;
+            from->addDownPort(&edge, EdgeSide::From);
+            to->addDownPort(&edge, EdgeSide::To);
+            QCOMPARE(edge.getPort(EdgeSide::From), number);
+            from->removeUpPort(1);
+            to->removeUpPort(1);
+            // From (100, 70) to (401, 70) or back: 301 / 3 · (cos 30°, sin 30°) = (86.89, 50.17).
+            const ArrowCurve curve = edge.getCurve();
+            QCOMPARE(curve.start, QPoint(rightwards ? 100 : 401, 70));
+            QCOMPARE(curve.firstControl, QPoint(rightwards ? 186 : 314, 120));
+            QCOMPARE(curve.secondControl, QPoint(rightwards ? 314 : 186, 120));
+            QCOMPARE(curve.end, QPoint(rightwards ? 401 : 100, 70));
+            from->removeDownPort(1);
+            to->removeDownPort(1);
+            edge.setPort(EdgeSide::From, 0);
+            edge.setPort(EdgeSide::To, 0);
         }
     }
 
@@ -247,6 +286,19 @@ private Q_SLOTS:
         QCOMPARE(loop.getCurve().start, QPoint(115, 40));
         QCOMPARE(loop.getCurve().end, QPoint(115, 52));
         QCOMPARE(loop.getCurve().firstControl, QPoint(80, 20));
+    }
+
+    void loopEndsBelowItsStart() {
+        Node node(QPoint(100, 55), QStringLiteral("word"));
+        Node above(QPoint(100, 5), QStringLiteral("word"));
+        node.setRect(QRect(QPoint(0, -15), QPoint(29, -3)));
+        above.setRect(node.getRect());
+        const EdgeBase other(&above, &node);
+        const EdgeBase loop(&node, &node);
+        // Here the top port is the second of two: 120, and the bottom one in the middle: 115.
+        QCOMPARE(node.getPortCoords(-2), QPoint(120, 40));
+        QCOMPARE(loop.getCurve().start, QPoint(115, 40));
+        QCOMPARE(loop.getCurve().end, QPoint(115, 52));
     }
 
     void endsThatCoincideHaveADegenerateArrowhead() {
@@ -344,6 +396,39 @@ private Q_SLOTS:
         QImage blank(200, 80, QImage::Format_RGB32);
         blank.fill(Qt::white);
         QCOMPARE(hidden, blank);
+    }
+
+    void thePenStaysThatOfTheEdge() {
+        const auto a = word(20, 65);
+        const auto b = word(100, 65);
+        EdgeBase edge(a.get(), b.get());
+        edge.setColor(Qt::red);
+        QImage image(200, 80, QImage::Format_RGB32);
+        QPainter painter(&image);
+        edge.draw(painter, true);
+        QCOMPARE(painter.pen(), edge.getSelectedPen());
+        edge.draw(painter, false);
+        QCOMPARE(painter.pen(), edge.getPen());
+        // Hidden edges touch nothing.
+        painter.setPen(Qt::green);
+        edge.setVisible(false);
+        edge.draw(painter, true);
+        QCOMPARE(painter.pen(), QPen(Qt::green));
+    }
+
+    void listsGiveBackOneEdgeAtATime() {
+        const auto a = word(0, 50);
+        const auto b = word(0, 100);
+        EdgeBase edge(a.get(), b.get());
+        EdgeBase other(a.get(), b.get());
+        EdgesList list;
+        for (EdgeBase* added : {&edge, &other, &edge})
+            list.add(added);
+        list.remove(&edge);
+        QCOMPARE(std::vector<EdgeBase*>(list.begin(), list.end()), (std::vector<EdgeBase*>{&other, &edge}));
+        list.remove(&edge);
+        list.remove(&other);
+        QVERIFY(list.isEmpty());
     }
 
     void listsOwnTheirEdges() {

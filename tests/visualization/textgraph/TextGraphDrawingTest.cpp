@@ -30,6 +30,19 @@ public:
     mutable int drawn = 0;
 };
 
+/// Notes when it is drawn.
+class NotedNode : public GraphNodeBase {
+public:
+    NotedNode(const QPoint& pos, const QString& text, QStringList& drawn) : GraphNodeBase(pos, text), m_drawn(drawn) {}
+    void draw(QPainter& painter) const override {
+        m_drawn.append(getText());
+        GraphNodeBase::draw(painter);
+    }
+
+private:
+    QStringList& m_drawn;
+};
+
 /// Adds up the widths of the texts that are drawn on it.
 class TextRuler : public QPaintDevice {
 public:
@@ -155,6 +168,28 @@ private Q_SLOTS:
             inkBeside |= qGray(image.pixel(curve.start.x() - 2, y)) < 128;
         }
         QVERIFY(inkBeside);
+    }
+
+    void wordsAreDrawnLineByLine() {
+        QStringList drawn;
+        TestTextGraph graph;
+        // Neither by their places nor by their texts.
+        const QList<QStringList> texts = {
+            {QStringLiteral("d"), QStringLiteral("b")}, {}, {QStringLiteral("c"), QStringLiteral("a")}};
+        for (const QStringList& line : texts) {
+            graph.lines().append(NodesLine());
+            for (const QString& text : line)
+                graph.lines().last().nodes.append(
+                    new NotedNode(QPoint(50 - 20 * graph.getLines().last().nodes.size(), 0), text, drawn));
+            graph.lines().last().setY(100 - 30 * graph.getLines().size());
+        }
+        QImage image = canvas(QSize(100, 100));
+        QPainter painter(&image);
+        graph.drawGraph(painter);
+        QCOMPARE(drawn,
+                 (QStringList{QStringLiteral("d"), QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a")}));
+        QCOMPARE(painter.font().family(), graph.getFont().family());
+        QCOMPARE(painter.font().pointSize(), 14);
     }
 
     void theSelectedEdgeIsWide() {
@@ -300,7 +335,9 @@ private Q_SLOTS:
         for (const CountedNode* node : nodes) {
             drawn += node->drawn;
             const QRectF place(node->getPos().x() - 300, node->getPos().y() - 2400 - 15, 44, 20);
-            if (place.intersects(image.rect()))
+            // Nodes may draw a line's height beyond their rectangles.
+            const qreal reach = graph.getLineHeight() - 1;
+            if (place.adjusted(-reach, -reach, reach, reach).intersects(image.rect()))
                 QCOMPARE(node->drawn, 1);
         }
         // 6 × 11 can be seen; one or two more on each side are drawn for safety.
@@ -368,6 +405,44 @@ private Q_SLOTS:
                 QVERIFY(isWhole(QPoint(node->getRightEnd(), node->getPos().y() - 12)));
             }
         }
+    }
+
+    /// The ports of a loop are in the middle of its word, however far that is from where it swings out.
+    void loopsOfLongWordsAreNotMissed() {
+        TestTextGraph graph;
+        graph.addText({QString(), QStringLiteral("   ") + QString(60, QLatin1Char('x'))});
+        GraphNodeBase* word = graph.node(1, graph.getLines().at(1).nodes.size() - 1);
+        graph.join(word, word, Qt::red);
+        graph.finish();
+        const QRect bulge = graph.edgeRects().at(0).toAlignedRect();
+        QVERIFY(bulge.width() > 200);
+        const View view{1.0, QPoint(0, 0), QRect(bulge.left() - 2, bulge.center().y() - 2, 6, 4)};
+        const QImage painted = paint(graph, view, false);
+        QCOMPARE(painted, paint(graph, view, true));
+        QVERIFY(painted != canvas(view.size));
+    }
+
+    /// From 50 down to 53, with wings that reach up to 38.
+    void arrowheadsLongerThanTheirEdgesAreNotMissed() {
+        TestTextGraph graph;
+        graph.addText({QStringLiteral("a"), QStringLiteral("b")});
+        graph.lines()[0].setY(40);
+        graph.lines()[1].setY(60);
+        graph.node(0, 0)->setRect(QRect(QPoint(0, -5), QPoint(9, 10)));
+        graph.node(1, 0)->setRect(QRect(QPoint(0, -7), QPoint(9, 0)));
+        graph.join(graph.node(0, 0), graph.node(1, 0), Qt::red);
+        graph.finish();
+        const ArrowCurve curve = graph.getEdges().at(0)->getCurve();
+        QCOMPARE(curve.start, QPoint(5, 50));
+        QCOMPARE(curve.end, QPoint(5, 53));
+        QCOMPARE(curve.wings.first.y(), 38);
+        const View view{1.0, QPoint(0, 0), QRect(0, 37, 12, 4)};
+        const QImage painted = paint(graph, view, false);
+        QCOMPARE(painted, paint(graph, view, true));
+        bool red = false;
+        for (int x = 0; x < 12; ++x)
+            red |= painted.pixelColor(x, 39).green() < 200 && painted.pixelColor(x, 39).red() > 200;
+        QVERIFY(red);
     }
 
     void paintingChangesNothing() {

@@ -163,6 +163,43 @@ private Q_SLOTS:
         QCOMPARE(graph.edgeRects().at(1), left->getShape().boundingRect());
     }
 
+    void onlyTheLeftButtonPutsAWordDown() {
+        Sample graph;
+        graph.createMenu();
+        const QPoint start = graph.middleOf(1, 1);
+        graph.press(start);
+        graph.press(start, Qt::RightButton);
+        QVERIFY(graph.release(start, Qt::RightButton));
+        QVERIFY(graph.menu().isVisible());
+        graph.menu().close();
+        graph.release(start, Qt::MiddleButton);
+        QCOMPARE(graph.heldNode(), QPoint(1, 1));
+        graph.release(start);
+        QCOMPARE(graph.heldNode(), QPoint(-1, -1));
+    }
+
+    /// Straight edges only, and once: more rounds, or all edges, would give other orders here.
+    void portsAreSortedOnceWhenTheWordIsPutDown() {
+        const auto numbers = [](const std::function<void(TestTextGraph&)>& action) {
+            TestTextGraph graph(QSize(1200, 800));
+            std::mt19937 generator(3);
+            graph.addRandom(generator, 6, 3, 60, 6);
+            graph.setBuilded();
+            graph.show();
+            action(graph);
+            return graph.portNumbers();
+        };
+        const auto dropped = numbers([](TestTextGraph& graph) {
+            graph.press(graph.middleOf(5, 0));
+            QCOMPARE(graph.heldNode(), QPoint(5, 0));
+            graph.release(graph.middleOf(5, 0));
+        });
+        QCOMPARE(dropped, numbers([](TestTextGraph& graph) { graph.reorder(false, 1); }));
+        QVERIFY(dropped != numbers([](TestTextGraph& graph) { graph.reorder(false, 2); }));
+        QVERIFY(dropped != numbers([](TestTextGraph& graph) { graph.reorder(true, 1); }));
+        QVERIFY(dropped != numbers([](TestTextGraph&) {}));
+    }
+
     void blankSpacePans() {
         Sample graph(QSize(200, 60));
         graph.setGraphSize(graph.getGraphSize() + QSize(200, 0));
@@ -226,6 +263,60 @@ private Q_SLOTS:
         QCOMPARE(graph.heldNode(), QPoint(0, 0));
     }
 
+    void scenePointsAreRoundedDownwardsToo() {
+        Sample graph;
+        graph.setScale(3.0);
+        // The first point below the upper bound of a line, which is exclusive: a third of a unit above it rounds to it.
+        const int inside = graph.getLines().at(1).y - graph.getLineHeight() + 1;
+        const int x = 3 * graph.middleOf(1, 0).x();
+        graph.press(QPoint(x, 3 * inside - 2));
+        QCOMPARE(graph.heldNode(), QPoint(-1, -1));
+        graph.release(QPoint(x, 3 * inside - 2));
+        graph.press(QPoint(x, 3 * inside - 1));
+        QCOMPARE(graph.heldNode(), QPoint(1, 0));
+        graph.release(QPoint(x, 3 * inside - 1));
+        // Scrolled by as much as is missing.
+        graph.resize(100, 100);
+        graph.updateScrollBars();
+        graph.scrollTo(0, 3 * inside - 1);
+        graph.press(QPoint(x, 0));
+        QCOMPARE(graph.heldNode(), QPoint(1, 0));
+    }
+
+    /// Half a unit above the picture is one above, where the mouse is that left the viewport.
+    void halvesAreRoundedAwayFromZero() {
+        Sample graph(QSize(1200, 800));
+        graph.setScale(2.0);
+        const int y = graph.getLines().at(0).y;
+        const QPoint start = graph.middleOf(0, 0);
+        graph.press(start * 2);
+        QCOMPARE(graph.heldNode(), QPoint(0, 0));
+        graph.drag(QPoint(start.x() * 2, -1));
+        QCOMPARE(graph.getLines().at(0).y, y - start.y() - 1);
+        graph.drag(QPoint(start.x() * 2, 1));
+        QCOMPARE(graph.getLines().at(0).y, y - start.y() + 1);
+    }
+
+    void whatChangesIsRepainted() {
+        Sample graph;
+        QVERIFY(QTest::qWaitForWindowExposed(&graph));
+        const QPoint start = graph.middleOf(1, 1);
+        QCOMPARE(graph.repaintsAfter([&] { graph.moveMouse(graph.onEdge()); }), 1);
+        // On the same edge nothing changes.
+        QCOMPARE(graph.repaintsAfter([&] { graph.moveMouse(graph.onEdge()); }), 0);
+        QCOMPARE(graph.repaintsAfter([&] { graph.moveMouse(start); }), 1);
+        QCOMPARE(graph.repaintsAfter([&] { graph.press(start); }), 0);
+        QCOMPARE(graph.repaintsAfter([&] { graph.drag(start + QPoint(3, 3)); }), 1);
+        QCOMPARE(graph.repaintsAfter([&] { graph.release(start + QPoint(3, 3)); }), 1);
+        QCOMPARE(graph.repaintsAfter([&] { graph.release(start + QPoint(3, 3)); }), 0);
+        QCOMPARE(graph.repaintsAfter([&] { graph.selectEdge(0); }), 1);
+        QCOMPARE(graph.repaintsAfter([&] { graph.selectEdge(0); }), 0);
+        QCOMPARE(graph.repaintsAfter([&] { graph.makeRoomAbove(); }), 0);
+        graph.shiftLines(0, -graph.getLines().at(0).y);
+        graph.join(graph.node(0, 0), graph.node(0, 1));
+        QCOMPARE(graph.repaintsAfter([&] { graph.makeRoomAbove(); }), 1);
+    }
+
     void dragsAreScaled() {
         Sample graph(QSize(1200, 800));
         graph.setScale(2.0);
@@ -285,10 +376,10 @@ private Q_SLOTS:
     void neighboursAreTriedInOrder() {
         const auto selected = [](const QPoint& listedFirst, const QPoint& listedSecond) {
             TestTextGraph graph;
-            // Vertical edges beside (100, 200), or horizontal ones above and below.
+            // Vertical edges through and beside (100, 200), or ones above and below that fall by 2 on their way of 100.
             for (const QPoint& offset : {listedFirst, listedSecond}) {
-                const bool across = offset.x() == 0;
-                const QPoint from = QPoint(100, 200) + offset - (across ? QPoint(50, 0) : QPoint(0, 50));
+                const bool across = offset.y() != 0;
+                const QPoint from = QPoint(100, 200) + offset - (across ? QPoint(50, 1) : QPoint(0, 50));
                 const QPoint to = QPoint(100, 200) + offset + (across ? QPoint(50, 1) : QPoint(0, 50));
                 graph.lines().append(NodesLine());
                 // A node without width has its ports at its position, where its rectangle's top and bottom are.
@@ -303,8 +394,14 @@ private Q_SLOTS:
             graph.moveMouse(QPoint(100, 200));
             return graph.getSelectedEdge();
         };
-        QCOMPARE(selected(QPoint(1, 0), QPoint(-1, 0)), 1);
+        const QPoint inOrder[] = {{0, 0}, {-1, 0}, {1, 0}, {0, -1}, {0, 1}};
+        for (int first = 0; first < 5; ++first) {
+            for (int second = 0; second < first; ++second)
+                QCOMPARE(selected(inOrder[first], inOrder[second]), 1);
+        }
         QCOMPARE(selected(QPoint(-1, 0), QPoint(1, 0)), 0);
+        QCOMPARE(selected(QPoint(0, 1), QPoint(0, 2)), 0);
+        QCOMPARE(selected(QPoint(2, 0), QPoint(0, 2)), -1);
     }
 
     void edgesThatWereHiddenMeanwhileHaveNoTip() {
@@ -367,6 +464,24 @@ private Q_SLOTS:
             QCOMPARE(graph.menu().pos(), graph.viewport()->mapToGlobal(place));
             graph.menu().close();
         }
+    }
+
+    void releasesThatEndPanningOpenNoMenu() {
+        Sample graph(QSize(300, 100));
+        graph.createMenu();
+        graph.setMouseScrollButton(Qt::RightButton);
+        const QPoint start(200, 90);
+        graph.press(start, Qt::RightButton);
+        graph.moveMouse(start - QPoint(0, 20), Qt::RightButton);
+        graph.moveMouse(start - QPoint(0, 30), Qt::RightButton);
+        QCOMPARE(graph.scrolled(), QPoint(0, 10));
+        QVERIFY(graph.release(start - QPoint(0, 30), Qt::RightButton));
+        QVERIFY(!graph.menu().isVisible());
+        // The next click does.
+        graph.press(start, Qt::RightButton);
+        graph.release(start, Qt::RightButton);
+        QVERIFY(graph.menu().isVisible());
+        graph.menu().close();
     }
 
     void otherReleasesAreConsumedWithoutAMenu() {

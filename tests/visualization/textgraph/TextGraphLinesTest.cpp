@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <random>
 
@@ -51,6 +52,22 @@ class TextGraphLinesTest : public QObject {
 
     static QStringList fourLines() {
         return {QStringLiteral("a b c"), QStringLiteral("d e f"), QStringLiteral("g h i"), QStringLiteral("j k l")};
+    }
+
+    /// Words of that width at 100 and 900 on a line at 60, joined by an arc, and a line below.
+    static void addWideArc(TestTextGraph& graph, int width) {
+        for (const int y : {60, 100}) {
+            graph.lines().append(NodesLine());
+            for (const int x : {100, 900}) {
+                auto* word = new GraphNodeBase(QPoint(x, y), QStringLiteral("word"));
+                word->setRect(QRect(0, -15, width, 20));
+                graph.lines().last().nodes.append(word);
+            }
+            graph.lines().last().setY(y);
+        }
+        graph.setGraphSize(1000, 120);
+        graph.join(graph.node(0, 0), graph.node(0, 1));
+        graph.finish();
     }
 
 private Q_SLOTS:
@@ -279,6 +296,74 @@ private Q_SLOTS:
         }
     }
 
+    /// An arc of 800 units from the ports at 45 on rises by 100, to -55; 2 are left for the pen.
+    void edgesAboveThePictureGetRoom() {
+        TestTextGraph graph;
+        addWideArc(graph, 0);
+        const std::vector<int> start = ysOf(graph);
+        graph.makeRoomAbove();
+        QCOMPARE(ysOf(graph), shifted(start, 0, 57));
+        QVERIFY(nodesAreOnTheirLines(graph));
+        QCOMPARE(graph.getGraphSize(), QSize(1000, graph.getLines().last().y + graph.getLineHeight()));
+        QCOMPARE(graph.edgeRects().at(0), graph.getEdges().at(0)->getShape().boundingRect());
+        QVERIFY(graph.edgeRects().at(0).top() >= 2.0);
+        // Once is enough.
+        graph.makeRoomAbove();
+        QCOMPARE(ysOf(graph), shifted(start, 0, 57));
+    }
+
+    /// An arc may get longer by both of its words when other edges go: 160 / 8 more.
+    void roomIsLeftForWanderingPorts() {
+        TestTextGraph graph;
+        addWideArc(graph, 80);
+        EdgeBase* below = graph.join(graph.node(0, 0), graph.node(0, 1));
+        graph.finish();
+        const std::vector<int> start = ysOf(graph);
+        graph.makeRoomAbove();
+        const int moved = ysOf(graph)[0] - start[0];
+        QVERIFY2(moved >= 72 && moved <= 82, qPrintable(QString::number(moved)));
+        below->setVisible(false);
+        QVERIFY(graph.getEdges().at(0)->getShape().boundingRect().top() >= 2.0);
+    }
+
+    void picturesWithRoomStayAsTheyAre() {
+        TestTextGraph graph;
+        graph.addText(fourLines());
+        graph.join(graph.node(0, 0), graph.node(0, 2));
+        graph.join(graph.node(1, 0), graph.node(0, 2));
+        graph.shiftLines(0, 20);
+        graph.finish();
+        const std::vector<int> start = ysOf(graph);
+        const QSize size = graph.getGraphSize();
+        graph.makeRoomAbove();
+        QCOMPARE(ysOf(graph), start);
+        QCOMPARE(graph.getGraphSize(), size);
+        // Neither hidden edges count, nor is there anything to do without edges.
+        TestTextGraph hidden;
+        addWideArc(hidden, 0);
+        hidden.edges().at(0)->setVisible(false);
+        hidden.makeRoomAbove();
+        QCOMPARE(ysOf(hidden), (std::vector<int>{60, 100}));
+        TestTextGraph empty;
+        empty.makeRoomAbove();
+        QCOMPARE(empty.getGraphSize(), QSize(-1, -1));
+    }
+
+    /// A loop swings out upwards as well: from 5 to the control point at -15 and back is up to 0.
+    void loopsGetRoomToo() {
+        TestTextGraph graph;
+        addWideArc(graph, 0);
+        graph.edges().clear();
+        graph.shiftLines(0, -40);
+        graph.join(graph.node(0, 0), graph.node(0, 0));
+        graph.finish();
+        const double top = graph.edgeRects().at(0).top();
+        QVERIFY(top < 2.0);
+        graph.makeRoomAbove();
+        QCOMPARE(ysOf(graph)[0], 20 + static_cast<int>(std::ceil(2.0 - top)));
+        QVERIFY(graph.edgeRects().at(0).top() >= 2.0);
+    }
+
     void reorderSortsOneKindOrAll() {
         const auto numbers = [](bool full, int rounds) {
             TestTextGraph graph;
@@ -335,6 +420,25 @@ private Q_SLOTS:
         graph.join(graph.node(0, 0), graph.node(1, 0));
         graph.reorder(true, 1);
         QCOMPARE(graph.getEdges().at(0)->getPort(EdgeSide::From), 1);
+    }
+
+    /// All kinds of edges, and once: more rounds, or straight edges only, would give other orders here.
+    void portsAreSortedOnceWhenVisibilityChanges() {
+        const auto numbers = [](const std::function<void(TestTextGraph&)>& sort) {
+            TestTextGraph graph;
+            std::mt19937 generator(3);
+            graph.addRandom(generator, 6, 3, 60, 6);
+            for (EdgeBase* edge : graph.getEdges())
+                edge->setVisible(edge->getPen().color() != Qt::red);
+            graph.filter = [](const EdgeBase* edge) { return edge->getPen().color() != Qt::red; };
+            sort(graph);
+            return graph.portNumbers();
+        };
+        const auto updated = numbers([](TestTextGraph& graph) { graph.updateEdgesVisibility(); });
+        QCOMPARE(updated, numbers([](TestTextGraph& graph) { graph.reorder(true, 1); }));
+        QVERIFY(updated != numbers([](TestTextGraph& graph) { graph.reorder(true, 2); }));
+        QVERIFY(updated != numbers([](TestTextGraph& graph) { graph.reorder(false, 1); }));
+        QVERIFY(updated != numbers([](TestTextGraph&) {}));
     }
 
     void visibilityFollowsTheFilter() {
