@@ -24,7 +24,7 @@ class PairTest;
 class LamportGraph {
 public:
     /// More arrows than this are not kept: whoever draws them would run out of memory first.
-    static constexpr std::size_t mostArrows = 500'000;
+    static constexpr std::size_t mostArrows = 300'000;
     enum class LeftOut {
         Nothing,
         Input, ///< Pairs of reads, which leave the order of execution open.
