@@ -72,7 +72,7 @@ void DependenceRecord::describe(QJsonObject& description) const {
     description["tags"] = QJsonArray::fromStringList(tags);
 }
 
-DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow) {
+DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow, const QStringList& tags) {
     DependenceRecord record;
     record.kind = kindOf(arrow.getType());
     record.color = GUI::DepGraph::edgeTypeToColor(arrow.getType());
@@ -81,9 +81,7 @@ DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow) {
     record.carriers = arrow.getCarriers();
     record.distance = arrow.getDistance();
     record.proven = arrow.isProven();
-    for (const auto mode : {::DepGraph::PM_POPULAR_RUSSIAN, ::DepGraph::PM_DEVELOPER_ENGLISH,
-                            ::DepGraph::PM_DEVELOPER_RUSSIAN, ::DepGraph::PM_POPULAR_ENGLISH})
-        record.tags.append(QString::fromStdString(arrow.GetTag(mode)));
+    record.tags = tags;
     return record;
 }
 

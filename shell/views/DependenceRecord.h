@@ -52,6 +52,7 @@ struct DependenceRecord {
     void describe(QJsonObject& description) const;
 };
 
-[[nodiscard]] DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow);
+/// @param tags the arrow's descriptions: whoever draws it has them already.
+[[nodiscard]] DependenceRecord recordOf(const ::DepGraph::LampArrow& arrow, const QStringList& tags);
 
 } // namespace Kova::Shell

@@ -8,6 +8,7 @@
 #include "shell/views/SubjectBlock.h"
 #include "shell/views/TextGraphDescription.h"
 #include "visualization/depgraph/DepGraphWidget.h"
+#include "visualization/depgraph/LamportEdge.h"
 #include "visualization/textgraph/EdgeBase.h"
 
 #include <algorithm>
@@ -85,11 +86,17 @@ void LamportDependencesView::show(const Subject& subject) {
     ::DepGraph::LamportGraph graph;
     graph.Build(*block, ::DepGraph::BP_DEFAULT, true);
     graph.Refine(::DepGraph::RM_EXACT);
+    if (graph.getLeftOut() == ::DepGraph::LamportGraph::LeftOut::Everything) {
+        m_widget->onNewBlock(nullptr);
+        return;
+    }
     m_widget->onNewGraph(&graph, block);
     m_widget->makeRoomAbove();
+    // The widget has an edge for each arrow, in the same order.
     std::vector<DependenceRecord> records;
     for (const ::DepGraph::LampArrow* arrow : graph.getArrows()) {
-        records.push_back(recordOf(*arrow));
+        const auto* edge = m_widget->getEdges().at(static_cast<int>(records.size()));
+        records.push_back(recordOf(*arrow, edge->cast_to<GUI::DepGraph::LamportEdge>().getTags()));
         m_ends.push_back({const_cast<Tessel::ExpressionBase*>(arrow->getSource()),
                           const_cast<Tessel::ExpressionBase*>(arrow->getTarget())});
     }

@@ -89,7 +89,7 @@ AccessPair DependenceFinder::makePair(std::size_t source, std::size_t target) co
     return pair;
 }
 
-void DependenceFinder::find(PairTest& test, const std::function<void(DependenceFacts)>& use) const {
+void DependenceFinder::find(PairTest& test, const std::function<bool(DependenceFacts)>& use) const {
     std::vector<std::vector<std::size_t>> ofOccurrence;
     for (std::size_t i = 0; i < m_accesses.size(); ++i) {
         ofOccurrence.resize(std::max(ofOccurrence.size(), m_occurrences[i] + 1));
@@ -108,7 +108,8 @@ void DependenceFinder::find(PairTest& test, const std::function<void(DependenceF
                                found[next].facts.type == found[i].facts.type;
                  ++next)
                 unite(found[i].facts, found[next].facts);
-            use(std::move(found[i].facts));
+            if (!use(std::move(found[i].facts)))
+                return;
         }
     }
 }

@@ -18,8 +18,9 @@ public:
     DependenceFinder(const std::vector<Access>& accesses, const std::vector<Access>& declarations,
                      const Kova::Tessel::TesselBase* disorder, bool withInput);
 
-    /// Calls `use` for each arrow: by the position of the source occurrence, then of the target's, then by kind.
-    void find(PairTest& test, const std::function<void(DependenceFacts)>& use) const;
+    /// Calls `use` for each arrow: by the position of the source occurrence, then of the target's, then by kind; until
+    /// `use` returns false.
+    void find(PairTest& test, const std::function<bool(DependenceFacts)>& use) const;
 
     /// Whether they may share memory and their pair is asked for.
     [[nodiscard]] bool isWanted(std::size_t source, std::size_t target) const;

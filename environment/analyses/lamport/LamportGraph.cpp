@@ -3,6 +3,9 @@
 
 #include "environment/analyses/lamport/QuickFacts_p.h"
 #include "environment/analyses/lamport/ValueBasedTest_p.h"
+#include "environment/core/Console.h"
+
+#include <string>
 
 namespace DepGraph {
 namespace {
@@ -20,6 +23,10 @@ public:
         return assumeAll(pair, {}, Doubt::NotRefined);
     }
 };
+
+void warn(const std::string& text) {
+    Kova::getOutputConsole("LamportGraph", true).log(Kova::Console::Warning, text);
+}
 
 } // namespace
 
@@ -62,8 +69,8 @@ void LamportGraph::Refine(EN_RefineMethod method) {
 }
 
 void LamportGraph::Clear() {
-    m_arrows.clear();
-    m_owned.clear();
+    dropArrows();
+    m_leftOut = LeftOut::Nothing;
     m_model.reset();
     m_unrefined = false;
 }
@@ -76,13 +83,47 @@ const std::vector<LampArrow*>& LamportGraph::getArrows() const {
     return m_arrows;
 }
 
+LamportGraph::LeftOut LamportGraph::getLeftOut() const {
+    (void)getArrows();
+    return m_leftOut;
+}
+
 void LamportGraph::findArrows(PairTest& test) const {
     m_unrefined = false;
+    if (findArrows(test, m_withInput)) {
+        m_leftOut = LeftOut::Nothing;
+        return;
+    }
+    const std::string tooMany = "The block has more than " + std::to_string(mostArrows) + " dependences: ";
+    if (m_withInput && findArrows(test, false)) {
+        m_leftOut = LeftOut::Input;
+        warn(tooMany + "input dependences are left out.");
+        return;
+    }
+    // A part of them would pass for the whole.
+    dropArrows();
+    m_leftOut = LeftOut::Everything;
+    warn(tooMany + "none is shown. Choose a smaller block.");
+}
+
+/// @returns false when there are too many.
+bool LamportGraph::findArrows(PairTest& test, bool withInput) const {
+    dropArrows();
+    const DependenceFinder finder(m_model->getAccesses(), m_model->getDeclarations(), m_model->getDisorder(),
+                                  withInput);
+    bool isComplete = true;
+    finder.find(test, [&](DependenceFacts facts) {
+        isComplete = m_arrows.size() < mostArrows;
+        if (isComplete)
+            m_arrows.push_back(&m_owned.emplace_back(std::move(facts)));
+        return isComplete;
+    });
+    return isComplete;
+}
+
+void LamportGraph::dropArrows() const {
     m_arrows.clear();
     m_owned.clear();
-    const DependenceFinder finder(m_model->getAccesses(), m_model->getDeclarations(), m_model->getDisorder(),
-                                  m_withInput);
-    finder.find(test, [&](DependenceFacts facts) { m_arrows.push_back(&m_owned.emplace_back(std::move(facts))); });
 }
 
 } // namespace DepGraph

@@ -3,6 +3,7 @@
 
 #include "environment/analyses/lamport/LampArrow.h"
 
+#include <cstddef>
 #include <deque>
 #include <memory>
 
@@ -22,6 +23,14 @@ class PairTest;
 /// that differ are taken for memory that differs. The graph refers to the block's tree and keeps none of it alive.
 class LamportGraph {
 public:
+    /// More arrows than this are not kept: whoever draws them would run out of memory first.
+    static constexpr std::size_t mostArrows = 300'000;
+    enum class LeftOut {
+        Nothing,
+        Input, ///< Pairs of reads, which leave the order of execution open.
+        Everything
+    };
+
     LamportGraph();
     /// A graph of given arrows, in this order, for hosts with an analysis of their own. Refine() does nothing to it.
     explicit LamportGraph(std::vector<LampArrow> arrows);
@@ -39,9 +48,13 @@ public:
     /// In the order of the source occurrences in the block, then of the targets', then of the kinds' numbers. Stays as
     /// it is until the next call of Build(), Refine() or Clear().
     [[nodiscard]] const std::vector<LampArrow*>& getArrows() const;
+    /// What is missing because there would be more than mostArrows; the console has been told so.
+    [[nodiscard]] LeftOut getLeftOut() const;
 
 private:
     void findArrows(PairTest& test) const;
+    [[nodiscard]] bool findArrows(PairTest& test, bool withInput) const;
+    void dropArrows() const;
 
     std::unique_ptr<AccessModel> m_model;
     bool m_withInput = false;
@@ -51,6 +64,7 @@ private:
     // Keeps its elements in place while it grows.
     mutable std::deque<LampArrow> m_owned;
     mutable std::vector<LampArrow*> m_arrows;
+    mutable LeftOut m_leftOut = LeftOut::Nothing;
 };
 
 } // namespace DepGraph

@@ -13,6 +13,7 @@ class ProgramOutlineTest : public QObject {
 
 private Q_SLOTS:
     void filesSubroutinesAndLoops();
+    void blocksInBraces();
     void headersComeAfterTheFiles();
     void aHeaderInTwoFilesIsShownOnce();
     void equalNamesInOneFileStay();
@@ -62,6 +63,28 @@ void ProgramOutlineTest::filesSubroutinesAndLoops() {
         QCOMPARE(loops[i].lastLine, expected[i].last);
         QCOMPARE(loops[i].depth, expected[i].depth);
         QCOMPARE(loops[i].outer, expected[i].outer);
+    }
+}
+
+void ProgramOutlineTest::blocksInBraces() {
+    const Testing::WrittenProgram written(Testing::blocksOfAllKinds);
+    const ProgramOutline outline(written.program);
+    const OutlineSubroutine& f = outline.getFiles().at(0).subroutines.at(0);
+    struct Expected {
+        const char* kind;
+        std::uint32_t first, last;
+        int outer;
+        std::size_t loopsBefore;
+    };
+    const std::vector<Expected> expected = {
+        {"body", 2, 8, 0, 1}, {"else", 5, 7, 0, 1}, {"block", 9, 11, -1, 1}, {"then", 12, 14, -1, 1}};
+    QCOMPARE(f.blocks.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        QCOMPARE(f.blocks[i].kind, QString(expected[i].kind));
+        QCOMPARE(f.blocks[i].firstLine, expected[i].first);
+        QCOMPARE(f.blocks[i].lastLine, expected[i].last);
+        QCOMPARE(f.blocks[i].outer, expected[i].outer);
+        QCOMPARE(f.blocks[i].loopsBefore, expected[i].loopsBefore);
     }
 }
 

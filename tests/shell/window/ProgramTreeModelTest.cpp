@@ -56,6 +56,7 @@ class ProgramTreeModelTest : public QObject {
 private Q_SLOTS:
     void keepsTheModelsContract();
     void rowsAreFilesSubroutinesLoops();
+    void blocksHaveRowsWhereAskedFor();
     void rowsKnowTheirSubjects();
     void rowsAreFoundBySubject();
     void headersAndTips();
@@ -77,6 +78,29 @@ void ProgramTreeModelTest::rowsAreFilesSubroutinesLoops() {
     QCOMPARE(dump(shown.model),
              QStringList({"a.c", QString::fromUtf8("  f 1\u20136"), QString::fromUtf8("    for loop 2\u20134"),
                           "      while loop 3", "    do loop 5", "  g 7", "empty.c"}));
+}
+
+void ProgramTreeModelTest::blocksHaveRowsWhereAskedFor() {
+    Shown shown(Testing::blocksOfAllKinds);
+    const QStringList loops = {"a.c", QString::fromUtf8("  f 1\u201317"), QString::fromUtf8("    for loop 2\u20138"),
+                               "    while loop 13"};
+    QCOMPARE(dump(shown.model), loops);
+    const QAbstractItemModelTester tester(&shown.model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const ProgramOutline outline(shown.written.program);
+    shown.model.setProgram(outline, &shown.written.program.getUnit(), true);
+    QCOMPARE(dump(shown.model),
+             QStringList({"a.c", QString::fromUtf8("  f 1\u201317"), QString::fromUtf8("    for loop 2\u20138"),
+                          QString::fromUtf8("      body 2\u20138"), QString::fromUtf8("      else 5\u20137"),
+                          QString::fromUtf8("    block 9\u201311"), QString::fromUtf8("    then 12\u201314"),
+                          "    while loop 13"}));
+    const QModelIndex f = shown.model.index(0, 0, shown.model.index(0, 0));
+    const QModelIndex body = shown.model.index(0, 0, shown.model.index(0, 0, f));
+    QVERIFY(shown.model.getSubject(body).getKind() == Subject::Kind::Block);
+    QCOMPARE(shown.model.getSubject(body).getTitle(), QString("block at line 2 in f"));
+    QCOMPARE(shown.model.findIndex(shown.model.getSubject(body)), body);
+    QCOMPARE(body.data(Qt::ToolTipRole).toString(), shown.written.folder.path("a.c") + ":2");
+    shown.model.setProgram(outline, &shown.written.program.getUnit());
+    QCOMPARE(dump(shown.model), loops);
 }
 
 void ProgramTreeModelTest::rowsKnowTheirSubjects() {

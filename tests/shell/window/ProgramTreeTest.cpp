@@ -18,8 +18,11 @@ private Q_SLOTS:
     void clicksAndKeysPick();
     void showingASubjectPicksNothing();
     void forgettingEmptiesTheTree();
+    void blocksComeAndGo();
 
 private:
+    [[nodiscard]] QModelIndex fileRow() const { return m_tree->getModel().index(0, 0); }
+
     Testing::SourceFolder m_folder;
     OpenedProgram m_program;
     std::unique_ptr<ProgramTree> m_tree;
@@ -77,6 +80,27 @@ void ProgramTreeTest::forgettingEmptiesTheTree() {
     m_tree->forgetProgram();
     QCOMPARE(m_tree->getModel().rowCount(), 0);
     QCOMPARE(m_picked, QStringList());
+}
+
+void ProgramTreeTest::blocksComeAndGo() {
+    const QString file = m_folder.write("b.c", Testing::blocksOfAllKinds);
+    m_program = Testing::readProgram({file});
+    m_tree->setShowsBlocks(true); // of the next program, too
+    m_tree->setProgram(m_program);
+    const auto rowsOfF = [this] { return m_tree->getModel().rowCount(m_tree->getModel().index(0, 0, fileRow())); };
+    QCOMPARE(rowsOfF(), 4); // two loops, two blocks outside of loops
+    QVERIFY(m_tree->isExpanded(fileRow()));
+    m_tree->setShowsBlocks(false);
+    QCOMPARE(rowsOfF(), 2);
+    m_tree->setShowsBlocks(true);
+    QCOMPARE(rowsOfF(), 4);
+    QCOMPARE(m_picked, QStringList());
+    const QModelIndex block = m_tree->getModel().index(1, 0, m_tree->getModel().index(0, 0, fileRow()));
+    m_tree->setCurrentIndex(block);
+    QCOMPARE(m_picked, QStringList("block at line 9 in f"));
+    m_tree->forgetProgram();
+    m_tree->setShowsBlocks(false);
+    QCOMPARE(m_tree->getModel().rowCount(), 0);
 }
 
 } // namespace Kova::Shell

@@ -26,6 +26,7 @@ inline FoundArcs findArcs(const NestAccesses& accesses, DepGraph::PairTest& test
         .find(test, [&](const DepGraph::DependenceFacts& facts) {
             const ArcKey key{accesses.getNumber(facts.source), accesses.getNumber(facts.target), facts.type};
             arcs.emplace(key, FoundArc{makeArc(facts), facts.assumption, facts.condition});
+            return true;
         });
     return arcs;
 }
