@@ -159,11 +159,13 @@ ExpressionPtr ExpressionVisitor::VisitBinaryOperator(const clang::BinaryOperator
     return std::make_unique<AssignmentExpression>(std::move(target), build(binary->getRHS()), operation);
 }
 
-/// True for the helpers behind the macros of Clang's <stdatomic.h> and <tgmath.h>, which no other compiler has.
+/// True for the helpers behind the macros of Clang's <stdatomic.h>, <tgmath.h> and <immintrin.h>, which no other
+/// compiler has or has alike.
 bool isOfClangAlone(const clang::CallExpr& call) {
     const clang::FunctionDecl* function = call.getDirectCallee();
     return function != nullptr && function->getIdentifier() != nullptr &&
-           (function->getName().starts_with("__c11_") || function->getName().starts_with("__tg_"));
+           (function->getName().starts_with("__c11_") || function->getName().starts_with("__tg_") ||
+            function->getName().starts_with("__builtin_ia32_"));
 }
 
 ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
@@ -195,7 +197,18 @@ ExpressionPtr ExpressionVisitor::VisitMemberExpr(const clang::MemberExpr* member
     return std::make_unique<MemberExpression>(build(outermost->getBase()), access, *field);
 }
 
+/// True for a cast that a macro of such a helper's header puts around its call.
+bool isAroundClangAlone(const clang::CStyleCastExpr& cast, const SourcePlaces& places) {
+    const clang::Expr* inner = &cast;
+    while (const auto* around = llvm::dyn_cast<clang::CStyleCastExpr>(inner))
+        inner = &skipInvisible(*around->getSubExpr());
+    const auto* call = llvm::dyn_cast<clang::CallExpr>(inner);
+    return call != nullptr && isOfClangAlone(*call) && places.isSameUse(cast.getLParenLoc(), call->getBeginLoc());
+}
+
 ExpressionPtr ExpressionVisitor::VisitCStyleCastExpr(const clang::CStyleCastExpr* cast) {
+    if (isAroundClangAlone(*cast, m_context.text))
+        return makeMacroUse(*cast);
     std::vector<ExpressionPtr> bounds;
     const Type* type = m_context.types.build(cast->getTypeAsWritten(), bounds);
     auto result = std::make_unique<CastExpression>(type, build(cast->getSubExpr()));

@@ -197,16 +197,35 @@ std::string TextKeeper::textOf(const clang::Decl& node) const {
     return stream.str();
 }
 
+std::vector<const clang::Expr*> TextKeeper::argumentsOf(clang::SourceLocation use, const clang::Expr& meaning) const {
+    std::vector<const clang::Expr*> arguments;
+    const clang::SrcMgr::SLocEntry& entry = m_sources.getSLocEntry(m_sources.getFileID(use));
+    if (entry.isExpansion() && entry.getExpansion().isFunctionMacroExpansion()) {
+        ArgumentSearch search(m_sources, use);
+        search.search(meaning);
+        for (const auto& [place, argument] : search.getFound())
+            arguments.push_back(argument);
+        return arguments;
+    }
+    // The macro is another name of what is called: `#define atomic_init __c11_atomic_init`.
+    for (const clang::Stmt* child : meaning.children())
+        if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+            if (const clang::Expr& argument = skipInvisible(*operand); argument.getBeginLoc() != use)
+                arguments.push_back(&argument);
+    std::sort(arguments.begin(), arguments.end(), [this](const clang::Expr* a, const clang::Expr* b) {
+        return m_sources.isBeforeInTranslationUnit(a->getBeginLoc(), b->getBeginLoc());
+    });
+    return arguments;
+}
+
 KeptText TextKeeper::keepMacroUse(const clang::Expr& expression) const {
     clang::SourceLocation begin = expression.getBeginLoc();
     while (m_sources.isMacroArgExpansion(begin))
         begin = m_sources.getImmediateSpellingLoc(begin);
     if (!begin.isMacroID() || !m_system.isExternal(m_sources.getSpellingLoc(begin)))
         return {};
-    ArgumentSearch arguments(m_sources, begin);
-    arguments.search(expression);
     KeptText kept{clang::Lexer::getImmediateMacroName(begin, m_sources, m_context.getLangOpts()).str() + '(', {}};
-    for (const auto& [place, argument] : arguments.getFound()) {
+    for (const clang::Expr* argument : argumentsOf(begin, expression)) {
         kept.text += kept.text.back() == '(' ? "" : ", ";
         const std::string text = textOf(*argument);
         kept.operands.push_back({argument, TextPlace{kept.text.size(), kept.text.size() + text.size()}});
