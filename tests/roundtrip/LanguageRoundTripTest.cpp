@@ -214,8 +214,9 @@ TEST(LanguageRoundTripTest, vectorsOfTheProcessor) {
 TEST(LanguageRoundTripTest, unnamedTypesInsideOfExpressions) {
     EXPECT_TRUE(textSurvivesRoundTrip(
         program("#define ROOM (sizeof(union { int i; double d; }) - 1)\n"
-                "static unsigned long room = (7 + ROOM) & ~ROOM; static int last = sizeof(struct { int i; });\n",
-                "printf(\"%lu %d %d\\n\", room + ROOM, last, ((struct { int q; }) { 3 }).q + "
+                "static unsigned long room = (7 + ROOM) & ~ROOM; static int last = sizeof(struct { int i; });\n"
+                "static int named = sizeof(struct late { int a, b; }); static struct late late = { 1, 2 };\n",
+                "printf(\"%lu %d %d\\n\", room + ROOM, last + named + late.b, ((struct { int q; }) { 3 }).q + "
                 "(int) sizeof(struct { int i; int j; }) + (int) sizeof(enum { ONE, TWO }) + TWO);")));
 }
 
