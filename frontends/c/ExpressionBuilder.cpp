@@ -170,7 +170,8 @@ bool isOfClangAlone(const clang::CallExpr& call) {
 
 ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
     if (isOfClangAlone(*call))
-        return makeMacroUse(*call);
+        if (KeptText use = m_context.keeper.keepMacroUse(*call); !use.text.empty())
+            return makeOpaque(std::move(use));
     auto result = std::make_unique<SubroutineCallExpression>(build(call->getCallee()));
     for (const clang::Expr* argument : call->arguments())
         result->appendArgument(build(argument));

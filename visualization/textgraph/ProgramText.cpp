@@ -43,7 +43,9 @@ public:
             m_lines->emplace_back();
         std::list<BasicWord>& line = m_lines->back();
         if (m_granularity == Expressions) {
-            line.push_back({text, m_cast.cast(node)});
+            BasicWord& word = line.emplace_back();
+            word.text = text;
+            word.object = m_cast.cast(node);
             return;
         }
         if (line.empty())

@@ -117,6 +117,10 @@ TEST(KeptTextTest, castsAroundWhatOnlyClangHasAreTheMacros) {
               "_mm_slli_si128(m, 4) {m|m} {4|4}\n_mm_extract_epi16(m, 2) {m|m} {2|2}\n");
 }
 
+TEST(KeptTextTest, callsOfTheProcessorsFunctionsByTheirOwnNamesAreCalls) {
+    EXPECT_EQ(keptIn("__builtin_ia32_pause(); a = 1;", "int a;"), "");
+}
+
 TEST(KeptTextTest, renderedTextIsInWordsOfEveryDialect) {
     const std::string declarations = "#define SELF(e) __typeof__(*e)\nstruct s { int m[9]; } *e; int i, asmtypeof;";
     EXPECT_EQ(keptIn("i = __builtin_offsetof(SELF(e), m[i]);", declarations),
