@@ -43,9 +43,7 @@ public:
             m_lines->emplace_back();
         std::list<BasicWord>& line = m_lines->back();
         if (m_granularity == Expressions) {
-            BasicWord& word = line.emplace_back();
-            word.text = text;
-            word.object = m_cast.cast(node);
+            line.push_back({text, m_cast.cast(node)});
             return;
         }
         if (line.empty())
