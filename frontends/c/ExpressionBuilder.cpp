@@ -22,6 +22,7 @@
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/VariadicArgumentExpression.h"
 #include "frontends/c/OperatorMapping_p.h"
+#include "frontends/c/ProgramMacros_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/ASTContext.h>
@@ -100,6 +101,7 @@ private:
         KeptText use = m_context.keeper.keepMacroUse(expression);
         return use.text.empty() ? VisitStmt(&expression) : makeOpaque(std::move(use));
     }
+    [[nodiscard]] ExpressionPtr buildCallee(const clang::CallExpr& call);
     [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
 
     UnitContext& m_context;
@@ -168,11 +170,35 @@ bool isOfClangAlone(const clang::CallExpr& call) {
             function->getName().starts_with("__builtin_ia32_"));
 }
 
+/// The name of a pointer that is called; null where none is.
+const clang::IdentifierInfo* nameOfPointer(const clang::Expr& callee) {
+    if (const auto* member = llvm::dyn_cast<clang::MemberExpr>(&callee))
+        return member->getMemberDecl()->getIdentifier();
+    const auto* reference = llvm::dyn_cast<clang::DeclRefExpr>(&callee);
+    const bool isVariable = reference != nullptr && llvm::isa<clang::VarDecl>(reference->getDecl());
+    return isVariable ? reference->getDecl()->getIdentifier() : nullptr;
+}
+
+/// A call through a pointer that is named as a macro of a system header would be the macro's use: `(s.isalpha)(c)` is
+/// `(*s.isalpha)(c)`.
+ExpressionPtr ExpressionVisitor::buildCallee(const clang::CallExpr& call) {
+    ExpressionPtr callee = build(call.getCallee());
+    const clang::Expr& visible = skipInvisible(*call.getCallee());
+    const clang::IdentifierInfo* name = nameOfPointer(visible);
+    if (name == nullptr || !m_context.macros.isSystemCall(*name))
+        return callee;
+    const SourceRange range = callee->getSourceRange();
+    auto function = std::make_unique<UnaryExpression>(UnaryOperator::Dereference, std::move(callee));
+    function->setSourceRange(range);
+    function->setType(m_context.types.build(visible.getType()->getPointeeType()));
+    return function;
+}
+
 ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
     if (isOfClangAlone(*call))
         if (KeptText use = m_context.keeper.keepMacroUse(*call); !use.text.empty())
             return makeOpaque(std::move(use));
-    auto result = std::make_unique<SubroutineCallExpression>(build(call->getCallee()));
+    auto result = std::make_unique<SubroutineCallExpression>(buildCallee(*call));
     for (const clang::Expr* argument : call->arguments())
         result->appendArgument(build(argument));
     return result;

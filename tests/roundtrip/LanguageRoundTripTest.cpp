@@ -195,8 +195,11 @@ TEST(LanguageRoundTripTest, namesThatAreMacrosOfTheSystems) {
         "#include <ctype.h>\n#include <obstack.h>\n#include <stdlib.h>\n#define obstack_chunk_alloc malloc\n"
         "#define obstack_chunk_free free\n#undef isdigit\n#undef linux\n#undef EOF\n#define EOF -7\n" +
         program("struct ops { int (*isdigit)(int); }; static int linux = 4; int (isalpha)(int c) { return c == 'q'; }\n"
-                "int isdigit(int c) { return c == '5'; } static int (*pointer)(int) = isalpha;",
+                "int isdigit(int c) { return c == '5'; } static int (*pointer)(int) = isalpha; "
+                "struct more { int (*isupper)(int); };",
                 "struct ops o = { isdigit }; struct obstack pool; obstack_init(&pool); obstack_grow0(&pool, \"ab\", 2);\n"
+                "struct more m = { pointer }, *p = &m; int (*islower)(int) = pointer; "
+                "printf(\"%d\\n\", (p->isupper)('q') + (islower)('q'));\n"
                 "puts(obstack_finish(&pool)); obstack_free(&pool, NULL);\n"
                 "printf(\"%d %d %d %d %d %d\\n\", (isalpha)('q'), (isalpha)('a'), isdigit('5'), o.isdigit('6'), linux, "
                 "pointer('q') + EOF);")));
