@@ -5,6 +5,7 @@
 #include "environment/printing/DeclarationHead.h"
 #include "environment/tessel/EnumDeclaration.h"
 #include "environment/tessel/FieldDeclaration.h"
+#include "environment/tessel/ForStatement.h"
 #include "environment/tessel/OpaqueDeclaration.h"
 #include "environment/tessel/RecordDeclaration.h"
 #include "environment/tessel/SubroutineDeclaration.h"
@@ -13,6 +14,8 @@
 #include "environment/tessel/types/DeclaredType.h"
 #include "environment/tessel/types/FunctionType.h"
 
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace Kova::Backends {
@@ -20,6 +23,9 @@ namespace Kova::Backends {
 using namespace Tessel;
 
 namespace {
+
+/// In bytes: no field of a common type is aligned to more.
+constexpr unsigned loosestPacking = 16;
 
 /// `struct` and the like with attributes and name.
 std::string headOfType(const TypeDeclaration& declaration, const char* keyword) {
@@ -41,6 +47,32 @@ const Type* writtenTypeOf(const SubroutineDeclaration& subroutine) {
         type = alias->getType();
     }
     return type;
+}
+
+/// The structure or union that is defined where the declarations are written; null when none is.
+const RecordDeclaration* definedBy(const DeclarationGroup& group) {
+    const DeclarationBase& first = *group.declarators.front();
+    const DeclarationBase* definition = group.definition;
+    if (definition == nullptr)
+        definition = CDeclarator::declarationBehind(DeclarationHead::typeOf(first));
+    if (definition == nullptr || (definition != group.definition && !definition->getName().empty()))
+        definition = &first;
+    const auto* record = dynamic_cast<const RecordDeclaration*>(definition);
+    return record != nullptr && record->isComplete() ? record : nullptr;
+}
+
+/// The limit of alignment that is to be set around a group and not set around its owner, in bytes; none for no change.
+std::optional<unsigned> packingFor(const DeclarationGroup& group) {
+    const RecordDeclaration* record = definedBy(group);
+    const auto* around = dynamic_cast<const RecordDeclaration*>(group.declarators.front()->getParent());
+    const unsigned set = around != nullptr ? around->getPacking() : 0;
+    return record != nullptr && record->getPacking() != set ? std::optional(record->getPacking()) : std::nullopt;
+}
+
+/// A header is one line.
+bool isInLoopHeader(const DeclarationBase& declaration) {
+    return declaration.getParent() != nullptr &&
+           dynamic_cast<const ForStatement*>(declaration.getParent()->getParent()) != nullptr;
 }
 
 bool isOldStyleDefinition(const SubroutineDeclaration& subroutine, const FunctionType* type) {
@@ -81,6 +113,11 @@ void CDeclarationPieces::wholeDeclaration(DeclarationBase& declaration, const Ty
 
 void CDeclarationPieces::group(const DeclarationGroup& group, TesselBase& owner) {
     DeclarationBase& first = *group.declarators.front();
+    const std::optional<unsigned> packing = isInLoopHeader(first) ? std::nullopt : packingFor(group);
+    if (packing) {
+        out().text("#pragma pack(push, " + std::to_string(*packing != 0 ? *packing : loosestPacking) + ')', owner);
+        out().lineBreak(owner);
+    }
     if (group.definition != nullptr)
         wholeDeclaration(first, group.definition);
     else
@@ -91,6 +128,10 @@ void CDeclarationPieces::group(const DeclarationGroup& group, TesselBase& owner)
     }
     if (DeclarationHead::endsWithSemicolon(first))
         out().text(";", owner);
+    if (packing) {
+        out().lineBreak(owner);
+        out().text("#pragma pack(pop)", owner);
+    }
 }
 
 void CDeclarationPieces::visit(VariableDeclaration& node) {
@@ -153,7 +194,9 @@ void CDeclarationPieces::visit(EnumDeclaration& node) {
 
 PieceList CDeclarationPieces::headOf(SubroutineDeclaration& node, const FunctionType* function) const {
     PieceList head;
+    head.text(node.isNamedAsMacro() ? "(" : "", node);
     head.name(node.getName(), node);
+    head.text(node.isNamedAsMacro() ? ")" : "", node);
     const bool isOldStyle = isOldStyleDefinition(node, function);
     if (function == nullptr || node.getParameterCount() == 0)
         return head;

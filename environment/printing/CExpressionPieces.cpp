@@ -178,7 +178,10 @@ void CExpressionPieces::visit(BinaryExpression& node) {
     const Precedence same = form.precedence;
     operand(node.getOperator(), node.getLeft(), form.shape == Shape::LeftAssociative ? same : tighter(same));
     text(form.symbol);
-    operand(node.getOperator(), node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
+    if (isClear() && isAssignedValue(node))
+        child(node.getRight(), Precedence::Primary);
+    else
+        operand(node.getOperator(), node.getRight(), form.shape == Shape::RightAssociative ? same : tighter(same));
 }
 
 void CExpressionPieces::visit(AssignmentExpression& node) {
@@ -195,8 +198,9 @@ void CExpressionPieces::visit(ConditionalExpression& node) {
     setPrecedence(Precedence::Conditional);
     child(node.getCondition(), tighter(Precedence::Conditional));
     if (node.getFirst() != nullptr) {
+        const bool isAssigned = isClear() && dynamic_cast<const AssignmentExpression*>(node.getFirst()) != nullptr;
         text(" ? ");
-        child(node.getFirst());
+        child(node.getFirst(), isAssigned ? Precedence::Primary : Precedence::Comma);
         text(" : ");
     } else {
         text(" ?: ");
@@ -251,8 +255,11 @@ void CExpressionPieces::visit(MemberExpression& node) {
 
 void CExpressionPieces::visit(SubroutineCallExpression& node) {
     setPrecedence(Precedence::Postfix);
+    const auto* callee = dynamic_cast<const SubroutineReference*>(node.getCallee());
+    const bool isNamedAsMacro = callee != nullptr && callee->getSubroutine().isNamedAsMacro();
+    text(isNamedAsMacro ? "(" : "");
     child(node.getCallee(), Precedence::Postfix);
-    text("(");
+    text(isNamedAsMacro ? ")(" : "(");
     arguments(1);
     text(")");
 }

@@ -59,6 +59,8 @@ CUnitPieces::Before CUnitPieces::includes(TranslationUnit& unit) {
         line("#define ", definition);
     for (const std::string& spelling : unit.getSystemIncludes())
         line("#include ", spelling);
+    for (const std::string& name : unit.getSystemUndefinitions())
+        line("#undef ", name);
     return before;
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "environment/printing/ClearParentheses.h"
 
+#include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/ExpressionStatement.h"
+#include "environment/tessel/ForStatement.h"
 #include "environment/tessel/UnaryExpression.h"
 
 namespace Kova::Backends {
@@ -58,6 +61,23 @@ bool isClearerInParentheses(BinaryOperator operation, const Tessel::ExpressionBa
     const auto* unary = dynamic_cast<const Tessel::UnaryExpression*>(operand);
     return unary != nullptr && unary->getOperator() == Tessel::UnaryOperator::LogicalNot &&
            (isComparing || isBitwise(operation));
+}
+
+bool isAssignedValue(const Tessel::BinaryExpression& comma) {
+    if (comma.getOperator() != BinaryOperator::Comma ||
+        dynamic_cast<const Tessel::AssignmentExpression*>(comma.getRight()) == nullptr)
+        return false;
+    const Tessel::TesselBase* value = &comma;
+    const auto* around = dynamic_cast<const Tessel::BinaryExpression*>(value->getParent());
+    while (around != nullptr && around->getOperator() == BinaryOperator::Comma && around->getRight() == value) {
+        value = around;
+        around = dynamic_cast<const Tessel::BinaryExpression*>(value->getParent());
+    }
+    if (around != nullptr)
+        return around->getOperator() != BinaryOperator::Comma;
+    const auto* loop = dynamic_cast<const Tessel::ForStatement*>(value->getParent());
+    return value->getParent() != nullptr && (loop == nullptr || loop->getIncrement() != value) &&
+           dynamic_cast<const Tessel::ExpressionStatement*>(value->getParent()) == nullptr;
 }
 
 } // namespace Kova::Backends

@@ -4,6 +4,7 @@
 #include "environment/tessel/Operators.h"
 
 namespace Kova::Tessel {
+class BinaryExpression;
 class ExpressionBase;
 }
 
@@ -13,5 +14,10 @@ namespace Kova::Backends {
 /// c`,
 /// `(a & b) | c`, `(a + b) << c`, `(a < b) == c`, `(!a) == b`.
 [[nodiscard]] bool isClearerInParentheses(Tessel::BinaryOperator operation, const Tessel::ExpressionBase* operand);
+
+/// True for the right operand of a comma that is an assignment whose value is used: it is not mistaken for a
+/// comparison then, as in `if (a, (b = c))`. The value of a comma that is a statement, or a part of a loop's header,
+/// is not used.
+[[nodiscard]] bool isAssignedValue(const Tessel::BinaryExpression& comma);
 
 } // namespace Kova::Backends

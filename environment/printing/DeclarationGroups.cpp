@@ -45,6 +45,10 @@ const TypeDeclaration* asTag(const DeclarationBase* declaration) {
     return isTag ? static_cast<const TypeDeclaration*>(declaration) : nullptr;
 }
 
+bool isUnnamedTag(const DeclarationBase& declaration) {
+    return declaration.getName().empty() && asTag(&declaration) != nullptr;
+}
+
 /// True when the declared type is the tag, or one that the tag mentions ahead of its definition.
 bool declaresWith(const DeclarationBase& declaration, const TypeDeclaration& tag) {
     const TypeDeclaration* used = asTag(CDeclarator::declarationBehind(DeclarationHead::typeOf(declaration)));
@@ -87,12 +91,20 @@ private:
     bool isWrittenElsewhere(const TypeDeclaration& tag, std::size_t index) {
         if (index + 1 < m_written.size() && definitionFor(index + 1) == &tag)
             return true;
-        return tag.getName().empty() && (isUsed(tag) || isPartOfNext(index));
+        return tag.getName().empty() && (isUsed(tag) || isPartOfNeighbour(index));
     }
 
-    /// A type that the source declares somewhere inside the next declaration, such as in a function's cast.
-    [[nodiscard]] bool isPartOfNext(std::size_t index) const {
-        return index + 1 < m_written.size() && isInside(*m_written[index], *m_written[index + 1]);
+    /// A type that the source declares somewhere inside the next declaration, such as in a function's cast, or inside
+    /// the last one, such as in a variable's initializer. There may be more of them.
+    [[nodiscard]] bool isPartOfNeighbour(std::size_t index) const {
+        std::size_t next = index + 1;
+        while (next < m_written.size() && isUnnamedTag(*m_written[next]))
+            ++next;
+        std::size_t last = index;
+        while (last > 0 && isUnnamedTag(*m_written[last]))
+            --last;
+        return (next < m_written.size() && isInside(*m_written[index], *m_written[next])) ||
+               (last != index && isInside(*m_written[index], *m_written[last]));
     }
 
     bool isUsed(const TypeDeclaration& tag) {

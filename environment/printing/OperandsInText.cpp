@@ -44,6 +44,22 @@ bool isAmong(const TesselBase& node, const std::vector<Operand>& operands) {
                        [&node](const Operand& operand) { return operand.node == &node; });
 }
 
+/// True for an operand that the text has in parentheses which are not those of a call or the like.
+bool isInParentheses(const std::string& text, const TextPlace& place) {
+    std::size_t before = place.begin;
+    while (before > 0 && text[before - 1] == ' ')
+        --before;
+    std::size_t behind = place.end;
+    while (behind < text.size() && text[behind] == ' ')
+        ++behind;
+    if (before == 0 || text[before - 1] != '(' || behind == text.size() || text[behind] != ')')
+        return false;
+    --before;
+    while (before > 0 && text[before - 1] == ' ')
+        --before;
+    return before > 0 && !isWordCharacter(text[before - 1]) && text[before - 1] != ')' && text[before - 1] != ']';
+}
+
 } // namespace
 
 PieceList splitAtOperands(const std::string& text, TextStyle style, TesselBase& node, const Places& places) {
@@ -58,7 +74,8 @@ PieceList splitAtOperands(const std::string& text, TextStyle style, TesselBase& 
     std::size_t done = 0;
     for (const Operand& operand : operands) {
         pieces.text(toOneLine(text.substr(done, operand.place.begin - done), style), node);
-        pieces.node(operand.node, Precedence::Assignment);
+        pieces.node(operand.node,
+                    isInParentheses(text, operand.place) ? Precedence::Comma : Precedence::Assignment);
         done = operand.place.end;
     }
     pieces.text(toOneLine(text.substr(done), style), node);

@@ -17,12 +17,16 @@ public:
     /// False for a mere mention such as `struct node;`.
     [[nodiscard]] bool isComplete() const { return m_complete; }
     void setComplete(bool complete) { m_complete = complete; }
+    /// What no field is aligned to more bytes than, as `#pragma pack` has it; 0 without a limit.
+    [[nodiscard]] unsigned getPacking() const { return m_packing; }
+    void setPacking(unsigned bytes) { m_packing = bytes; }
     /// A FieldDeclaration or a TypeDeclaration.
     void append(DeclarationPtr member) { appendChild(std::move(member)); }
 
 private:
     Kind m_kind;
     bool m_complete = false;
+    unsigned m_packing = 0;
 };
 
 } // namespace Kova::Tessel

@@ -46,6 +46,10 @@ public:
     /// True when a call never comes back, as of exit().
     [[nodiscard]] bool isNoReturn() const { return m_noReturn; }
     void setNoReturn(bool noReturn) { m_noReturn = noReturn; }
+    /// True when a macro that takes arguments has the same name, so that only parentheses around the name keep a call
+    /// or a declaration from being taken for the macro's use.
+    [[nodiscard]] bool isNamedAsMacro() const { return m_namedAsMacro; }
+    void setNamedAsMacro(bool named) { m_namedAsMacro = named; }
     /// True when other files of the program mean the same subroutine by this name.
     [[nodiscard]] bool hasExternalLinkage() const { return m_storage != StorageClass::Static; }
 
@@ -55,6 +59,7 @@ private:
     StorageClass m_storage = StorageClass::None;
     bool m_inline = false;
     bool m_noReturn = false;
+    bool m_namedAsMacro = false;
 };
 
 } // namespace Kova::Tessel

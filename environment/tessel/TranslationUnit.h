@@ -40,12 +40,18 @@ public:
     [[nodiscard]] const std::vector<std::string>& getSystemChoices() const { return m_systemChoices; }
     void appendSystemChoice(std::string definition) { m_systemChoices.push_back(std::move(definition)); }
 
+    /// The names of macros that system headers or the compiler define and the file takes back, so that the names can be
+    /// its own. To be undefined when the headers are included.
+    [[nodiscard]] const std::vector<std::string>& getSystemUndefinitions() const { return m_systemUndefinitions; }
+    void appendSystemUndefinition(std::string name) { m_systemUndefinitions.push_back(std::move(name)); }
+
 private:
     std::string m_path;
     SourceLanguage m_language;
     std::vector<DeclarationPtr> m_externals;
     std::vector<std::string> m_systemIncludes;
     std::vector<std::string> m_systemChoices;
+    std::vector<std::string> m_systemUndefinitions;
 };
 
 } // namespace Kova::Tessel

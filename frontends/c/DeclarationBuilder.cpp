@@ -8,6 +8,8 @@
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
 #include "frontends/c/Packing_p.h"
+#include "frontends/c/ProgramMacros_p.h"
+#include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/ASTContext.h>
@@ -82,6 +84,14 @@ bool isUnusedOfHeader(const clang::VarDecl& variable, const clang::SourceManager
            !sources.isWrittenInMainFile(sources.getExpansionLoc(variable.getLocation()));
 }
 
+/// A parameter that nothing uses, of a function in a header that compilers say nothing of.
+bool isUnusedInSilence(const clang::VarDecl& variable, const SystemHeaders& system) {
+    const auto* function = llvm::dyn_cast<clang::FunctionDecl>(variable.getDeclContext());
+    return llvm::isa<clang::ParmVarDecl>(variable) && function != nullptr &&
+           function->doesThisDeclarationHaveABody() && !variable.isReferenced() &&
+           !variable.hasAttr<clang::UnusedAttr>() && system.isSilent(variable.getLocation());
+}
+
 /// Gives declarations that have their names only what else belongs to them.
 class Completion {
 public:
@@ -120,6 +130,8 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
                                    : withoutThread(from.getStorageClass()));
     subroutine.setInline(from.isInlineSpecified());
     subroutine.setNoReturn(from.isNoReturn());
+    subroutine.setNamedAsMacro(from.getIdentifier() != nullptr &&
+                               m_context.macros.isSystemCall(*from.getIdentifier()));
     // Compilers hear more in GNU's attribute than in the standard's word. It may be the type's or another
     // declaration's.
     if (from.isNoReturn() && !from.hasAttr<clang::C11NoReturnAttr>() && !from.hasAttr<clang::CXX11NoReturnAttr>() &&
@@ -138,7 +150,7 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
 void Completion::complete(const clang::VarDecl& from, VariableDeclaration& variable) {
     describe(from, variable);
     variable.setStorageClass(storageOf(from));
-    if (isUnusedOfHeader(from, m_context.clang.getSourceManager()))
+    if (isUnusedOfHeader(from, m_context.clang.getSourceManager()) || isUnusedInSilence(from, m_context.system))
         addAttributes(variable, "__attribute__((unused))");
     const auto* parameter = llvm::dyn_cast<clang::ParmVarDecl>(&from);
     variable.setParameter(parameter != nullptr);
@@ -169,7 +181,6 @@ std::unique_ptr<FieldDeclaration> Completion::makeField(const clang::FieldDecl& 
                                                     from.isBitField() ? buildExpression(m_context, from.getBitWidth())
                                                                       : nullptr);
     describe(from, *field);
-    addAttributes(*field, packingOf(from));
     m_context.declarations.add(from, *field);
     return field;
 }
@@ -181,7 +192,7 @@ void Completion::complete(const clang::RecordDecl& from, RecordDeclaration& reco
     if (!from.isThisDeclarationADefinition())
         return;
     record.setComplete(true);
-    addAttributes(record, packingOf(from));
+    record.setPacking(packingOf(from));
     const auto appendDirectives = [&](clang::SourceLocation end) {
         if (record.isExternal())
             return;

@@ -10,7 +10,9 @@
 #include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitContext_p.h"
 
+#include <clang/AST/ASTContext.h>
 #include <clang/AST/Decl.h>
+#include <clang/Basic/SourceManager.h>
 
 namespace Kova::Frontends {
 
@@ -141,15 +143,23 @@ void DeclarationTable::add(const clang::EnumConstantDecl& enumerator, Enumerator
     m_made[&enumerator] = &made;
 }
 
-std::vector<DeclarationPtr> DeclarationTable::takeStrays() {
-    return takeAhead(false);
+std::vector<DeclarationPtr> DeclarationTable::takeStrays(const clang::Decl& around) {
+    return takeAhead(&around);
 }
 
 std::vector<DeclarationPtr> DeclarationTable::takeRest() {
-    return takeAhead(true);
+    return takeAhead(nullptr);
 }
 
-std::vector<DeclarationPtr> DeclarationTable::takeAhead(bool all) {
+bool DeclarationTable::hasPlaceBehind(const clang::Decl& declaration, const clang::Decl& around) const {
+    const clang::SourceManager& sources = m_context.clang.getSourceManager();
+    return llvm::isa<clang::TranslationUnitDecl>(declaration.getLexicalDeclContext()) && !declaration.isImplicit() &&
+           !sources.isPointWithin(sources.getExpansionLoc(declaration.getLocation()),
+                                  sources.getExpansionLoc(around.getBeginLoc()),
+                                  sources.getExpansionLoc(around.getEndLoc()));
+}
+
+std::vector<DeclarationPtr> DeclarationTable::takeAhead(const clang::Decl* around) {
     std::vector<DeclarationPtr> result;
     llvm::MapVector<const clang::Decl*, DeclarationPtr> waiting;
     // Completing one may make others ahead.
@@ -158,9 +168,7 @@ std::vector<DeclarationPtr> DeclarationTable::takeAhead(bool all) {
         for (auto& [declaration, made] : pending) {
             if (!made)
                 continue;
-            const bool hasPlace = llvm::isa<clang::TranslationUnitDecl>(declaration->getLexicalDeclContext()) &&
-                                  !declaration->isImplicit();
-            if (hasPlace && !all) {
+            if (around != nullptr && hasPlaceBehind(*declaration, *around)) {
                 waiting[declaration] = std::move(made);
                 continue;
             }

@@ -47,14 +47,18 @@ public:
     void add(const clang::EnumConstantDecl& enumerator, Tessel::EnumeratorDeclaration& made);
 
     /// Completes and hands out what was made ahead but has no place of its own in the program, such as a structure
-    /// declared inside sizeof or a function that is declared by its first call.
-    [[nodiscard]] std::vector<Tessel::DeclarationPtr> takeStrays();
+    /// declared inside sizeof or a function that is declared by its first call. A type that is declared inside an
+    /// initializer has one behind the variable, where it is too late for it.
+    /// @param around what was built last.
+    [[nodiscard]] std::vector<Tessel::DeclarationPtr> takeStrays(const clang::Decl& around);
     /// As takeStrays, and all else that is left.
     [[nodiscard]] std::vector<Tessel::DeclarationPtr> takeRest();
 
 private:
     Tessel::DeclarationBase& obtain(const clang::Decl& declaration);
-    std::vector<Tessel::DeclarationPtr> takeAhead(bool all);
+    [[nodiscard]] bool hasPlaceBehind(const clang::Decl& declaration, const clang::Decl& around) const;
+    /// @param around null for all that there is.
+    std::vector<Tessel::DeclarationPtr> takeAhead(const clang::Decl* around);
 
     UnitContext& m_context;
     llvm::DenseMap<const clang::Decl*, Tessel::DeclarationBase*> m_made;

@@ -68,6 +68,18 @@ bool isOfTheSource(llvm::StringRef pragma) {
     });
 }
 
+/// What a program says to Clang alone, it says where other compilers do not look, and they may warn of it. Of what all
+/// of them take the word is theirs.
+std::string withoutClang(const std::string& pragma) {
+    llvm::StringRef rest = pragma;
+    if (!rest.consume_front("clang "))
+        return pragma;
+    const llvm::StringRef diagnostic = rest;
+    const bool isCommon = rest.consume_front("diagnostic ") &&
+                          (rest.starts_with("push") || rest.starts_with("pop") || rest.contains("\"-Wunused"));
+    return isCommon ? "GCC " + diagnostic.str() : std::string();
+}
+
 class DirectiveRecorder final : public clang::PPCallbacks {
 public:
     DirectiveRecorder(const clang::Preprocessor& preprocessor, const SystemHeaders& system, const ProgramMacros& macros,
@@ -82,10 +94,13 @@ public:
         const auto* lexer = static_cast<const clang::Lexer*>(m_preprocessor.getCurrentLexer());
         if (lexer == nullptr || m_system.isExternal(place))
             return;
-        const std::string pragma =
+        const std::string written =
             m_macros.expand(LineReader(lexer->getBufferLocation(), lexer->getBuffer().end()).read());
-        if (!isOfTheSource(pragma))
-            m_directives.add(place, pragma.empty() ? "#pragma" : "#pragma " + pragma);
+        const std::string pragma = withoutClang(written);
+        if (written.empty())
+            m_directives.add(place, "#pragma");
+        else if (!pragma.empty() && !isOfTheSource(pragma))
+            m_directives.add(place, "#pragma " + pragma);
     }
 
     void Ident(clang::SourceLocation place, llvm::StringRef string) override {

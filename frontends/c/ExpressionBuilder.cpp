@@ -22,6 +22,7 @@
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/VariadicArgumentExpression.h"
 #include "frontends/c/OperatorMapping_p.h"
+#include "frontends/c/ProgramMacros_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/ASTContext.h>
@@ -100,6 +101,7 @@ private:
         KeptText use = m_context.keeper.keepMacroUse(expression);
         return use.text.empty() ? VisitStmt(&expression) : makeOpaque(std::move(use));
     }
+    [[nodiscard]] ExpressionPtr buildCallee(const clang::CallExpr& call);
     [[nodiscard]] ExpressionPtr build(const clang::Expr* expression) { return buildExpression(m_context, expression); }
 
     UnitContext& m_context;
@@ -159,17 +161,44 @@ ExpressionPtr ExpressionVisitor::VisitBinaryOperator(const clang::BinaryOperator
     return std::make_unique<AssignmentExpression>(std::move(target), build(binary->getRHS()), operation);
 }
 
-/// True for the helpers behind the macros of Clang's <stdatomic.h> and <tgmath.h>, which no other compiler has.
+/// True for the helpers behind the macros of Clang's <stdatomic.h>, <tgmath.h> and <immintrin.h>, which no other
+/// compiler has or has alike.
 bool isOfClangAlone(const clang::CallExpr& call) {
     const clang::FunctionDecl* function = call.getDirectCallee();
     return function != nullptr && function->getIdentifier() != nullptr &&
-           (function->getName().starts_with("__c11_") || function->getName().starts_with("__tg_"));
+           (function->getName().starts_with("__c11_") || function->getName().starts_with("__tg_") ||
+            function->getName().starts_with("__builtin_ia32_"));
+}
+
+/// The name of a pointer that is called; null where none is.
+const clang::IdentifierInfo* nameOfPointer(const clang::Expr& callee) {
+    if (const auto* member = llvm::dyn_cast<clang::MemberExpr>(&callee))
+        return member->getMemberDecl()->getIdentifier();
+    const auto* reference = llvm::dyn_cast<clang::DeclRefExpr>(&callee);
+    const bool isVariable = reference != nullptr && llvm::isa<clang::VarDecl>(reference->getDecl());
+    return isVariable ? reference->getDecl()->getIdentifier() : nullptr;
+}
+
+/// A call through a pointer that is named as a macro of a system header would be the macro's use: `(s.isalpha)(c)` is
+/// `(*s.isalpha)(c)`.
+ExpressionPtr ExpressionVisitor::buildCallee(const clang::CallExpr& call) {
+    ExpressionPtr callee = build(call.getCallee());
+    const clang::Expr& visible = skipInvisible(*call.getCallee());
+    const clang::IdentifierInfo* name = nameOfPointer(visible);
+    if (name == nullptr || !m_context.macros.isSystemCall(*name))
+        return callee;
+    const SourceRange range = callee->getSourceRange();
+    auto function = std::make_unique<UnaryExpression>(UnaryOperator::Dereference, std::move(callee));
+    function->setSourceRange(range);
+    function->setType(m_context.types.build(visible.getType()->getPointeeType()));
+    return function;
 }
 
 ExpressionPtr ExpressionVisitor::VisitCallExpr(const clang::CallExpr* call) {
     if (isOfClangAlone(*call))
-        return makeMacroUse(*call);
-    auto result = std::make_unique<SubroutineCallExpression>(build(call->getCallee()));
+        if (KeptText use = m_context.keeper.keepMacroUse(*call); !use.text.empty())
+            return makeOpaque(std::move(use));
+    auto result = std::make_unique<SubroutineCallExpression>(buildCallee(*call));
     for (const clang::Expr* argument : call->arguments())
         result->appendArgument(build(argument));
     return result;
@@ -195,7 +224,18 @@ ExpressionPtr ExpressionVisitor::VisitMemberExpr(const clang::MemberExpr* member
     return std::make_unique<MemberExpression>(build(outermost->getBase()), access, *field);
 }
 
+/// True for a cast that a macro of such a helper's header puts around its call.
+bool isAroundClangAlone(const clang::CStyleCastExpr& cast, const SourcePlaces& places) {
+    const clang::Expr* inner = &cast;
+    while (const auto* around = llvm::dyn_cast<clang::CStyleCastExpr>(inner))
+        inner = &skipInvisible(*around->getSubExpr());
+    const auto* call = llvm::dyn_cast<clang::CallExpr>(inner);
+    return call != nullptr && isOfClangAlone(*call) && places.isSameUse(cast.getLParenLoc(), call->getBeginLoc());
+}
+
 ExpressionPtr ExpressionVisitor::VisitCStyleCastExpr(const clang::CStyleCastExpr* cast) {
+    if (isAroundClangAlone(*cast, m_context.text))
+        return makeMacroUse(*cast);
     std::vector<ExpressionPtr> bounds;
     const Type* type = m_context.types.build(cast->getTypeAsWritten(), bounds);
     auto result = std::make_unique<CastExpression>(type, build(cast->getSubExpr()));

@@ -8,6 +8,7 @@
 #include <clang/Lex/PPCallbacks.h>
 #include <clang/Lex/Preprocessor.h>
 #include <llvm/ADT/MapVector.h>
+#include <llvm/ADT/SetVector.h>
 
 #include <set>
 
@@ -44,23 +45,33 @@ public:
             m_choices[name.getIdentifierInfo()] = &macro;
     }
 
-    void MacroUndefined(const clang::Token& name, const clang::MacroDefinition& /*definition*/,
+    void MacroUndefined(const clang::Token& name, const clang::MacroDefinition& definition,
                         const clang::MacroDirective* /*directive*/) override {
         if (m_seen.empty())
             m_choices.erase(name.getIdentifierInfo());
+        const clang::MacroInfo* macro = definition.getMacroInfo();
+        if (macro != nullptr && isOfSystem(*macro) && !m_system.isExternal(name.getLocation()))
+            m_undefined.insert(name.getIdentifierInfo());
     }
 
     void EndOfMainFile() override {
         for (const auto& [name, macro] : m_choices)
             if (!m_seen.empty() && !macro->isUsedForHeaderGuard())
                 m_unit.appendSystemChoice(textOf(*name, *macro));
+        for (const clang::IdentifierInfo* name : m_undefined) {
+            const clang::MacroInfo* macro = m_preprocessor.getMacroInfo(name);
+            if (macro == nullptr || !isOfSystem(*macro))
+                m_unit.appendSystemUndefinition(name->getName().str());
+        }
     }
 
     void InclusionDirective(clang::SourceLocation hash, const clang::Token& /*directive*/, llvm::StringRef name,
                             bool isAngled, clang::CharSourceRange /*nameRange*/, clang::OptionalFileEntryRef file,
-                            llvm::StringRef /*searchPath*/, llvm::StringRef /*relativePath*/,
+                            llvm::StringRef searchPath, llvm::StringRef /*relativePath*/,
                             const clang::Module* /*module*/, bool /*imported*/,
                             clang::SrcMgr::CharacteristicKind kind) override {
+        if (file)
+            m_system.noteInclusion(hash, *file, searchPath);
         if (!file || !clang::SrcMgr::isSystem(kind) || m_system.isClaimOnly(file->getFileEntry()) ||
             m_system.hold(hash))
             return;
@@ -70,6 +81,11 @@ public:
     }
 
 private:
+    [[nodiscard]] bool isOfSystem(const clang::MacroInfo& macro) const {
+        const clang::SourceLocation place = macro.getDefinitionLoc();
+        return m_system.isExternal(place) || m_sources.isWrittenInBuiltinFile(place) ||
+               m_sources.isWrittenInCommandLineFile(place);
+    }
     [[nodiscard]] std::string textOf(const clang::IdentifierInfo& name, const clang::MacroInfo& macro) const {
         std::string text = name.getName().str();
         for (const clang::Token& token : macro.tokens())
@@ -83,6 +99,7 @@ private:
     Tessel::TranslationUnit& m_unit;
     std::set<std::string> m_seen;
     llvm::MapVector<const clang::IdentifierInfo*, const clang::MacroInfo*> m_choices;
+    llvm::SetVector<const clang::IdentifierInfo*> m_undefined;
 };
 
 } // namespace

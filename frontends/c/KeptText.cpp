@@ -10,6 +10,7 @@
 #include <clang/AST/PrettyPrinter.h>
 #include <clang/Basic/SourceManager.h>
 #include <clang/Lex/Lexer.h>
+#include <llvm/ADT/StringExtras.h>
 #include <llvm/Support/raw_ostream.h>
 
 #include <algorithm>
@@ -48,6 +49,41 @@ void sortByPlace(std::vector<KeptText::Operand>& operands) {
     std::stable_sort(operands.begin(), operands.end(), [](const KeptText::Operand& a, const KeptText::Operand& b) {
         return a.place && (!b.place || a.place->begin < b.place->begin);
     });
+}
+
+bool isWordCharacter(char c) {
+    return llvm::isAlnum(c) || c == '_' || c == '$' || (static_cast<unsigned char>(c) & 0x80U) != 0;
+}
+
+/// The position behind what begins at another one: a word, a constant with its quotes, or a single character.
+std::size_t skipToken(const std::string& text, std::size_t begin) {
+    std::size_t end = begin + 1;
+    if (text[begin] == '"' || text[begin] == '\'') {
+        while (end < text.size() && text[end] != text[begin])
+            end += text[end] == '\\' ? 2 : 1;
+        return std::min(end + 1, text.size());
+    }
+    while (isWordCharacter(text[begin]) && end < text.size() && isWordCharacter(text[end]))
+        ++end;
+    return end;
+}
+
+/// Spells the words of GNU's as every dialect of C knows them, where Clang has the short ones.
+void respell(KeptText& kept) {
+    for (std::size_t at = 0; at < kept.text.size();) {
+        const std::size_t end = skipToken(kept.text, at);
+        const std::string word = kept.text.substr(at, end - at);
+        if (word != "asm" && word != "typeof") {
+            at = end;
+            continue;
+        }
+        kept.text.replace(at, end - at, "__" + word + "__");
+        for (KeptText::Operand& operand : kept.operands)
+            if (operand.place)
+                operand.place = {operand.place->begin + (operand.place->begin > at ? 4 : 0),
+                                 operand.place->end + (operand.place->end > at ? 4 : 0)};
+        at = end + 4;
+    }
 }
 
 /// Notes where Clang's printer puts the operands.
@@ -157,14 +193,7 @@ KeptText TextKeeper::render(const clang::Stmt& node) const {
     stream.flush();
     while (!kept.text.empty() && (kept.text.back() == '\n' || kept.text.back() == '\r'))
         kept.text.pop_back();
-    // Every dialect of C knows this spelling.
-    const std::string plain = "asm";
-    if (llvm::isa<clang::AsmStmt>(node) && kept.text.compare(0, plain.size(), plain) == 0) {
-        kept.text.replace(0, plain.size(), "__asm__");
-        for (KeptText::Operand& operand : kept.operands)
-            if (operand.place)
-                operand.place = {operand.place->begin + 4, operand.place->end + 4};
-    }
+    respell(kept);
     sortByPlace(kept.operands);
     return kept;
 }
@@ -192,9 +221,33 @@ std::string TextKeeper::textOf(const clang::Decl& node) const {
     std::string text = fileText(node.getSourceRange());
     if (!text.empty())
         return text;
-    llvm::raw_string_ostream stream(text);
+    KeptText kept;
+    llvm::raw_string_ostream stream(kept.text);
     node.print(stream, m_context.getPrintingPolicy());
-    return stream.str();
+    stream.flush();
+    respell(kept);
+    return kept.text;
+}
+
+std::vector<const clang::Expr*> TextKeeper::argumentsOf(clang::SourceLocation use, const clang::Expr& meaning) const {
+    std::vector<const clang::Expr*> arguments;
+    const clang::SrcMgr::SLocEntry& entry = m_sources.getSLocEntry(m_sources.getFileID(use));
+    if (entry.isExpansion() && entry.getExpansion().isFunctionMacroExpansion()) {
+        ArgumentSearch search(m_sources, use);
+        search.search(meaning);
+        for (const auto& [place, argument] : search.getFound())
+            arguments.push_back(argument);
+        return arguments;
+    }
+    // The macro is another name of what is called: `#define atomic_init __c11_atomic_init`.
+    for (const clang::Stmt* child : meaning.children())
+        if (const auto* operand = llvm::dyn_cast_or_null<clang::Expr>(child))
+            if (const clang::Expr& argument = skipInvisible(*operand); argument.getBeginLoc() != use)
+                arguments.push_back(&argument);
+    std::sort(arguments.begin(), arguments.end(), [this](const clang::Expr* a, const clang::Expr* b) {
+        return m_sources.isBeforeInTranslationUnit(a->getBeginLoc(), b->getBeginLoc());
+    });
+    return arguments;
 }
 
 KeptText TextKeeper::keepMacroUse(const clang::Expr& expression) const {
@@ -203,10 +256,8 @@ KeptText TextKeeper::keepMacroUse(const clang::Expr& expression) const {
         begin = m_sources.getImmediateSpellingLoc(begin);
     if (!begin.isMacroID() || !m_system.isExternal(m_sources.getSpellingLoc(begin)))
         return {};
-    ArgumentSearch arguments(m_sources, begin);
-    arguments.search(expression);
     KeptText kept{clang::Lexer::getImmediateMacroName(begin, m_sources, m_context.getLangOpts()).str() + '(', {}};
-    for (const auto& [place, argument] : arguments.getFound()) {
+    for (const clang::Expr* argument : argumentsOf(begin, expression)) {
         kept.text += kept.text.back() == '(' ? "" : ", ";
         const std::string text = textOf(*argument);
         kept.operands.push_back({argument, TextPlace{kept.text.size(), kept.text.size() + text.size()}});

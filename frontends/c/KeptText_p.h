@@ -55,6 +55,9 @@ private:
     /// What of the text that begins at a place in a file an expression is; none where that is not known.
     [[nodiscard]] std::optional<Tessel::TextPlace> placeIn(clang::SourceLocation begin,
                                                            const clang::Expr& operand) const;
+    /// @param use a place in a macro's expansion that means the expression.
+    [[nodiscard]] std::vector<const clang::Expr*> argumentsOf(clang::SourceLocation use,
+                                                              const clang::Expr& meaning) const;
     [[nodiscard]] KeptText render(const clang::Stmt& node) const;
 
     const clang::ASTContext& m_context;

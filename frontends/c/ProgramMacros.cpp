@@ -153,6 +153,11 @@ bool ProgramMacros::isOfProgram(const std::string& name) const {
     return known != m_preprocessor.getIdentifierTable().end() && isOfProgram(*known->second);
 }
 
+bool ProgramMacros::isSystemCall(const clang::IdentifierInfo& name) const {
+    const clang::MacroInfo* macro = m_preprocessor.getMacroInfo(&name);
+    return macro != nullptr && macro->isFunctionLike() && m_system.isExternal(macro->getDefinitionLoc());
+}
+
 bool ProgramMacros::areIn(const std::string& text) const {
     const std::vector<Word> words = wordsOf(text, m_preprocessor.getLangOpts());
     return std::any_of(words.begin(), words.end(), [this](const Word& word) {

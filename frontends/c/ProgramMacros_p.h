@@ -25,6 +25,9 @@ public:
     /// strings of them stay.
     [[nodiscard]] std::string expand(const std::string& text) const;
 
+    /// True for a name that is a macro with arguments of a system header at present.
+    [[nodiscard]] bool isSystemCall(const clang::IdentifierInfo& name) const;
+
 private:
     [[nodiscard]] bool isOfProgram(const clang::IdentifierInfo& name) const;
     [[nodiscard]] bool isOfProgram(const std::string& name) const;

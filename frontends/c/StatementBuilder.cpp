@@ -15,6 +15,7 @@
 #include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/WhileStatement.h"
 #include "frontends/c/FallThroughComments_p.h"
+#include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitContext_p.h"
 
 #include <clang/AST/Decl.h>
@@ -42,6 +43,20 @@ SourceRange spanning(const SourceRange& first, const SourceRange& last) {
 bool isWithoutStatements(const clang::Stmt& statement) {
     return llvm::isa<clang::Expr, clang::DeclStmt, clang::ReturnStmt, clang::AsmStmt, clang::IndirectGotoStmt>(
         statement);
+}
+
+/// The statement that ends a statement, in blocks and behind labels.
+const clang::Stmt& lastOf(const clang::Stmt& statement) {
+    const clang::Stmt* last = &statement;
+    while (true) {
+        const auto* block = llvm::dyn_cast<clang::CompoundStmt>(last);
+        if (block != nullptr && !block->body_empty())
+            last = block->body_back();
+        else if (const auto* label = llvm::dyn_cast<clang::SwitchCase>(last); label != nullptr && label->getSubStmt())
+            last = label->getSubStmt();
+        else
+            return *last;
+    }
 }
 
 /// Makes the node of one statement; what no visit is written for becomes an opaque statement.
@@ -225,9 +240,13 @@ void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stm
                         dynamic_cast<const ReturnStatement*>(before) == nullptr &&
                         dynamic_cast<const GotoStatement*>(before) == nullptr &&
                         dynamic_cast<const ContinueStatement*>(before) == nullptr;
-    if (!goesOn || comment.isInvalid())
-        return;
-    block.append(makeFallThrough(comment));
+    // Nor do they warn of what a system header's macro does, such as assert(0).
+    const clang::Stmt& end = lastOf(last);
+    const bool isSilent = end.getEndLoc().isMacroID() && m_context.system.hold(sources.getSpellingLoc(end.getEndLoc()));
+    if (goesOn && comment.isValid())
+        block.append(makeFallThrough(comment));
+    else if (goesOn && isSilent)
+        block.append(makeFallThrough(end.getEndLoc()));
 }
 
 StatementPtr StatementVisitor::makeFallThrough(clang::SourceRange range) {

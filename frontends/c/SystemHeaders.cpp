@@ -11,6 +11,16 @@ void SystemHeaders::noteClaim(clang::SourceLocation where) {
         m_claims.insert(file);
 }
 
+void SystemHeaders::noteInclusion(clang::SourceLocation where, clang::FileEntryRef header, llvm::StringRef directory) {
+    const clang::OptionalFileEntryRef from = m_sources.getFileEntryRefForID(m_sources.getFileID(where));
+    if (from && isClaimOnly(from->getFileEntry()) && from->getDir().getName() == directory)
+        m_claims.insert(&header.getFileEntry());
+}
+
+bool SystemHeaders::isSilent(clang::SourceLocation where) const {
+    return where.isValid() && m_sources.isInSystemHeader(m_sources.getExpansionLoc(where)) && !hold(where);
+}
+
 bool SystemHeaders::hold(clang::SourceLocation where) const {
     const clang::SourceLocation use = m_sources.getExpansionLoc(where);
     if (!m_sources.isInSystemHeader(use))

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <clang/Basic/FileEntry.h>
 #include <clang/Basic/SourceLocation.h>
 #include <llvm/ADT/SmallPtrSet.h>
+#include <llvm/ADT/StringRef.h>
 
 namespace clang {
-class FileEntry;
 class SourceManager;
 } // namespace clang
 
@@ -20,10 +21,17 @@ public:
     /// A header asks to be taken for one of the system's. To be called before Clang obeys.
     void noteClaim(clang::SourceLocation where);
 
+    /// A header that one of the user's with such a claim finds beside itself is the user's like that one, though Clang
+    /// takes it for the system's. To be called before Clang enters the header.
+    /// @param directory where it was found.
+    void noteInclusion(clang::SourceLocation where, clang::FileEntryRef header, llvm::StringRef directory);
+
     /// True for a place in one of the system's headers. @param where may be in a macro, which is where it is used.
     [[nodiscard]] bool hold(clang::SourceLocation where) const;
     /// True for what no file of the user's holds: in a system header, or built into the compiler.
     [[nodiscard]] bool isExternal(clang::SourceLocation where) const { return where.isInvalid() || hold(where); }
+    /// True for a place in a header of the user's that compilers take for the system's: they say nothing of it.
+    [[nodiscard]] bool isSilent(clang::SourceLocation where) const;
     /// True for a header that is the user's although it claims to be the system's.
     [[nodiscard]] bool isClaimOnly(const clang::FileEntry& file) const { return m_claims.contains(&file); }
 

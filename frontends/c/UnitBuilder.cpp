@@ -56,7 +56,7 @@ bool buildUnit(clang::ASTContext& context, const ParsedText& parsed, ProgramUnit
         // Directives have no place inside a declaration.
         for (DeclarationPtr& inside : buildDirectivesBefore(unitContext, declaration->getEndLoc()))
             directives.push_back(std::move(inside));
-        appendAll(unitContext, unitContext.declarations.takeStrays());
+        appendAll(unitContext, unitContext.declarations.takeStrays(*declaration));
         appendAll(unitContext, std::move(directives));
         if (built)
             unit.append(std::move(built));

@@ -36,6 +36,7 @@ struct UnitContext {
           program(ofProgram),
           unit(ofUnit),
           system(parsed.system),
+          macros(parsed.macros),
           attributes(parsed.attributes),
           fallThrough(parsed.fallThrough),
           directives(parsed.directives),
@@ -48,6 +49,7 @@ struct UnitContext {
     Tessel::ProgramUnit& program;
     Tessel::TranslationUnit& unit;
     const SystemHeaders& system;
+    const ProgramMacros& macros;
     const AttributeTexts& attributes;
     const FallThroughComments& fallThrough;
     Directives& directives;

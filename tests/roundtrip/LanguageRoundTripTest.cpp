@@ -190,4 +190,64 @@ TEST(LanguageRoundTripTest, oneWayOutOfACase) {
                     "        __attribute__((fallthrough));\n    default:\n        return x;\n    }\n}\n");
 }
 
+TEST(LanguageRoundTripTest, namesThatAreMacrosOfTheSystems) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#include <ctype.h>\n#include <obstack.h>\n#include <stdlib.h>\n#define obstack_chunk_alloc malloc\n"
+        "#define obstack_chunk_free free\n#undef isdigit\n#undef linux\n#undef EOF\n#define EOF -7\n" +
+        program("struct ops { int (*isdigit)(int); }; static int linux = 4; int (isalpha)(int c) { return c == 'q'; }\n"
+                "int isdigit(int c) { return c == '5'; } static int (*pointer)(int) = isalpha; "
+                "struct more { int (*isupper)(int); };",
+                "struct ops o = { isdigit }; struct obstack pool; obstack_init(&pool); obstack_grow0(&pool, \"ab\", 2);\n"
+                "struct more m = { pointer }, *p = &m; int (*islower)(int) = pointer; "
+                "printf(\"%d\\n\", (p->isupper)('q') + (islower)('q'));\n"
+                "puts(obstack_finish(&pool)); obstack_free(&pool, NULL);\n"
+                "printf(\"%d %d %d %d %d %d\\n\", (isalpha)('q'), (isalpha)('a'), isdigit('5'), o.isdigit('6'), linux, "
+                "pointer('q') + EOF);")));
+}
+
+TEST(LanguageRoundTripTest, vectorsOfTheProcessor) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#if defined(__SSE2__)\n#include <emmintrin.h>\n#endif\n" +
+        program("", "#if defined(__SSE2__)\n__m128i m = _mm_set_epi32(1, 2, 3, 4), s = _mm_shuffle_epi32(m, "
+                    "_MM_SHUFFLE(0, 1, 2, 3));\nint w[4]; m = _mm_slli_si128(s, 4);\n"
+                    "_mm_storeu_si128((__m128i *) w, m); printf(\"%d %d %d\\n\", w[1], w[2], _mm_extract_epi16(s, 2));\n"
+                    "#endif")));
+}
+
+TEST(LanguageRoundTripTest, unnamedTypesInsideOfExpressions) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#define ROOM (sizeof(union { int i; double d; }) - 1)\n"
+                "static unsigned long room = (7 + ROOM) & ~ROOM; static int last = sizeof(struct { int i; });\n"
+                "static int named = sizeof(struct late { int a, b; }); static struct late late = { 1, 2 };\n",
+                "printf(\"%lu %d %d\\n\", room + ROOM, last + named + late.b, ((struct { int q; }) { 3 }).q + "
+                "(int) sizeof(struct { int i; int j; }) + (int) sizeof(enum { ONE, TWO }) + TWO);")));
+}
+
+TEST(LanguageRoundTripTest, assignmentsThatAreNoComparisons) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("", "int a = 1, b = 2, c = 0; if (a++, (b = c)) puts(\"1\"); if (a ? (b = 3) : (c = 1)) puts(\"2\");\n"
+                    "while (+(a++, (b = a - 4)) && c < 5) c++; for (a = 0, b = 1; a < 3; a++, b = a) c += b;\n"
+                    "if (!(a = 0)) puts(\"3\"); printf(\"%d %d %d\\n\", a, b, c);")));
+}
+
+TEST(LanguageRoundTripTest, warningsThatSystemHeadersKeepBack) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#include <assert.h>\n" +
+        program("static int f(int x) { switch (x) { case 1: x = 2; assert(x); case 2: { x++; assert(x != 0); } case 3: "
+                "default: assert(!\"no\" || x); case 9: return x; } }",
+                "printf(\"%d\\n\", f(1));")));
+}
+
+TEST(LanguageRoundTripTest, addressesInsideOfPackedStructures) {
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#pragma pack(push, 1)\nstruct s { char c; int i; unsigned a : 3, b : 30; struct { short h; long l; } in; };\n"
+                "static struct { char c; long l; } unnamed;\ntypedef union { char c[3]; int i; } either;\n#pragma pack(pop)\n"
+                "struct mixed { char c;\n#pragma pack(2)\nstruct { char c; int i; } in;\n#pragma pack()\nint i; };",
+                "#pragma pack(2)\nstruct local { char c; long l; } l = { 1, 2 };\n#pragma pack()\n"
+                "struct s v = { 1, 2, 3, 4, { 5, 6 } }; int *p = &v.i; long *q = &v.in.l, *r = &unnamed.l; *r = 3;\n"
+                "printf(\"%d %ld %ld %ld %d\\n\", *p, *q, *r, l.l, (int) v.b);\n"
+                "printf(\"%d %d %d %d %d %d\\n\", (int) sizeof v, (int) sizeof unnamed, (int) sizeof(either), (int) sizeof l, "
+                "(int) sizeof(struct mixed), (int) _Alignof(struct s));")));
+}
+
 } // namespace Kova::Test

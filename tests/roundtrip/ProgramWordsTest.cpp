@@ -8,6 +8,7 @@
 #include "environment/tessel/service/Preorder.h"
 #include "tests/environment/printing/PrintedLines.h"
 #include "tests/frontends/c/Reading.h"
+#include "tests/roundtrip/PrintedText.h"
 #include "tests/roundtrip/WordRules.h"
 #include "tests/roundtrip/generator/ProgramGenerator.h"
 
@@ -149,6 +150,25 @@ TEST(ProgramWordsTest, ofGeneratedPrograms) {
         ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed;
         EXPECT_GT(checked.occurrences, 20u);
     }
+}
+
+TEST(ProgramWordsTest, ofStatementsThatAreCutOut) {
+    Reading reading(everything);
+    ASSERT_EQ(reading.result, Frontends::CFrontend::Result::Complete) << reading.messages();
+    std::size_t count = 0;
+    std::vector<BlockStatement*> blocks;
+    for (TesselBase& node : Service::Preorder(reading.program))
+        if (auto* block = dynamic_cast<BlockStatement*>(&node))
+            blocks.push_back(block);
+    for (BlockStatement* block : blocks)
+        for (std::size_t i = 0; i < block->getChildCount(); ++i, ++count) {
+            const std::string inPlace = printedText(*block->getStatement(i));
+            StatementPtr cut = block->take(i);
+            EXPECT_EQ(printedText(*cut), inPlace);
+            EXPECT_EQ(brokenWordRules(*cut), std::vector<std::string>()) << inPlace;
+            block->insert(i, std::move(cut));
+        }
+    EXPECT_GT(count, 100u);
 }
 
 } // namespace Kova::Test

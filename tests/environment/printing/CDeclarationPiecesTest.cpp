@@ -208,4 +208,14 @@ TEST_F(CDeclarationPiecesTest, WritesOldStyleParametersBetweenHeadAndBody) {
     EXPECT_EQ(print(old), "int (*(*f(c, p))(char))[3] char c; int (*(*p)(char))[3]; { return; }");
 }
 
+TEST_F(CDeclarationPiecesTest, KeepsAMacroFromTakingASubroutinesName) {
+    subroutineF.setNamedAsMacro(true);
+    subroutineF.setType(types.function(types.pointer(arrayOf(intType, 3)), {}));
+    EXPECT_EQ(print(subroutineF), "int (*(f)(void))[3]");
+    subroutineF.setType(taking(charType, intType));
+    EXPECT_EQ(print(subroutineF), "int (f)(char)");
+    EXPECT_EQ(print(*call(f(), a())), "(f)(a)");
+    EXPECT_EQ(print(*assign(b(), f())), "b = f");
+}
+
 } // namespace

@@ -47,6 +47,52 @@ TEST_F(CUnitPiecesTest, WritesSystemHeadersUnderWhatIsChosenOfThem) {
     EXPECT_EQ(printed(unit, {false, false, false, true}), (Lines{"int v;"}));
 }
 
+TEST_F(CUnitPiecesTest, TakesBackWhatSystemHeadersDefine) {
+    unit.appendSystemUndefinition("linux");
+    EXPECT_EQ(printed(unit), (Lines{"#undef linux"}));
+    unit.appendSystemInclude("<stdio.h>");
+    unit.append(intVariable("linux"));
+    EXPECT_EQ(printed(unit), (Lines{"#include <stdio.h>", "#undef linux", "", "int linux;"}));
+    EXPECT_EQ(printed(unit, {false, false, false, true}), (Lines{"int linux;"}));
+}
+
+TEST_F(CUnitPiecesTest, WritesPackedStructuresBetweenPragmas) {
+    auto packed = record("s");
+    packed->setPacking(2);
+    unit.append(std::move(packed));
+    unit.append(intVariable("v"));
+    auto unnamed = record("");
+    unnamed->setPacking(1);
+    const Type* type = types.declared(*unnamed);
+    unit.append(std::move(unnamed));
+    unit.append(variable("u", type));
+    EXPECT_EQ(printed(unit), (Lines{"#pragma pack(push, 2)", "struct s", "{", "    int x;", "};", "#pragma pack(pop)",
+                                    "", "int v;", "", "#pragma pack(push, 1)", "struct", "{", "    int x;", "} u;",
+                                    "#pragma pack(pop)"}));
+}
+
+TEST_F(CUnitPiecesTest, PacksInsideOnlyWhatIsPackedOtherwise) {
+    for (const unsigned inside : {0U, 1U, 4U}) {
+        auto inner = record("");
+        inner->setPacking(inside);
+        auto outer = emptyRecord("s");
+        outer->setPacking(4);
+        const Type* type = types.declared(*inner);
+        outer->append(std::move(inner));
+        outer->append(make<FieldDeclaration>("in", type));
+        TranslationUnit& file = addUnit(program, "b.c");
+        file.append(std::move(outer));
+        Lines lines{"#pragma pack(push, 4)", "struct s", "{"};
+        if (inside != 4)
+            lines.push_back(inside == 0 ? "    #pragma pack(push, 16)" : "    #pragma pack(push, 1)");
+        lines.insert(lines.end(), {"    struct", "    {", "        int x;", "    } in;"});
+        if (inside != 4)
+            lines.push_back("    #pragma pack(pop)");
+        lines.insert(lines.end(), {"};", "#pragma pack(pop)"});
+        EXPECT_EQ(printed(file), lines);
+    }
+}
+
 TEST_F(CUnitPiecesTest, WritesSystemHeadersInFilesOfCOnly) {
     TranslationUnit& other = addUnit(program, "a.f90", LANG_FORTRAN);
     other.appendSystemInclude("<stdio.h>");

@@ -2,6 +2,8 @@
 #include "environment/printing/ClearParentheses.h"
 
 #include "environment/printing/OutToC.h"
+#include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/ForStatement.h"
 #include "environment/tessel/WhileStatement.h"
 #include "tests/environment/printing/Names.h"
 #include "tests/environment/printing/PrintedLines.h"
@@ -61,6 +63,22 @@ TEST_F(ClearParenthesesTest, AreSetAroundANegationThatIsCompared) {
 TEST_F(ClearParenthesesTest, AreSetAroundAnAssignmentThatDecides) {
     WhileStatement loop(assign(a(), b()), block());
     EXPECT_EQ(printed(loop).front(), "while ((a = b))");
+}
+
+TEST_F(ClearParenthesesTest, AreSetAroundAnAssignmentThatAnOperatorHandsUp) {
+    const auto comma = [this] { return binary(a(), B::Comma, assign(b(), c())); };
+    EXPECT_EQ(printed(*make<WhileStatement>(comma(), block())).front(), "while (a, (b = c))");
+    EXPECT_EQ(printed(*binary(comma(), B::LogicalAnd, c())).front(), "(a, (b = c)) && c");
+    EXPECT_EQ(printed(*binary(c(), B::Comma, comma())).front(), "c, (a, b = c)");
+    EXPECT_EQ(printed(*make<WhileStatement>(binary(comma(), B::Comma, c()), block())).front(), "while (a, b = c, c)");
+    const ExpressionPtr choice = make<ConditionalExpression>(a(), assign(b(), c()), c());
+    EXPECT_EQ(printed(*choice).front(), "a ? (b = c) : c");
+}
+
+TEST_F(ClearParenthesesTest, AreNotSetWhereTheValueIsLeft) {
+    EXPECT_EQ(printed(*statement(binary(a(), B::Comma, assign(b(), c())))).front(), "a, b = c;");
+    ForStatement loop(nullptr, nullptr, binary(a(), B::Comma, assign(b(), c())), block());
+    EXPECT_EQ(printed(loop).front(), "for (;; a, b = c)");
 }
 
 } // namespace

@@ -168,4 +168,15 @@ TEST_F(DeclarationGroupsTest, LeaveOutATypeWithoutANameThatAFunctionsTextHolds) 
     EXPECT_EQ(grouped(Place::File), "f | struct ? | g | struct named | h");
 }
 
+TEST_F(DeclarationGroupsTest, LeaveOutUnnamedTypesThatANeighbourHoldsInside) {
+    at(add(record("")), 10, 20);
+    at(add(record("")), 30, 40);
+    at(add("v", intType), 1, 50);
+    at(add(emptyEnum("")), 60, 70);
+    at(add("w", intType), 80, 150);
+    at(add(record("")), 100, 110);
+    at(add(emptyEnum("")), 120, 130);
+    EXPECT_EQ(grouped(Place::File), "v | enum ? | w");
+}
+
 } // namespace

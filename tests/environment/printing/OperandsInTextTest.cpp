@@ -98,4 +98,21 @@ TEST_F(OperandsInTextTest, AreFoundByNameWhenNoneHasAPlace) {
     EXPECT_EQ(out.partsOf[opaque.getChild(0)], (Lines{"a"}));
 }
 
+TEST_F(OperandsInTextTest, GetNoSecondParentheses) {
+    const auto printedIn = [this](const std::string& text, const std::string& place) {
+        OpaqueExpression opaque(text);
+        append(opaque, place, binary(a(), B::Comma, b()));
+        return print(opaque).getTexts().front();
+    };
+    EXPECT_EQ(printedIn("odd(1, (x))", "x"), "odd(1, (a, b))");
+    EXPECT_EQ(printedIn("odd(( x ))", "x"), "odd(( a, b ))");
+    EXPECT_EQ(printedIn("asm (\"i\" (x))", "x"), "asm (\"i\" (a, b))");
+    // These are the call's.
+    EXPECT_EQ(printedIn("odd(x)", "x"), "odd((a, b))");
+    EXPECT_EQ(printedIn("odd (x)", "x"), "odd ((a, b))");
+    EXPECT_EQ(printedIn("f(1)(x)", "x"), "f(1)((a, b))");
+    EXPECT_EQ(printedIn("odd((x), y)", "(x)"), "odd((a, b), y)");
+    EXPECT_EQ(printedIn("x", "x"), "(a, b)");
+}
+
 } // namespace

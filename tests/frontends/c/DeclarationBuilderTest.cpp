@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "environment/tessel/SubroutineDeclaration.h"
 #include "environment/tessel/TranslationUnit.h"
+#include "environment/tessel/VariableDeclaration.h"
+#include "environment/tessel/service/Preorder.h"
 #include "tests/frontends/c/Reading.h"
 
 #include <gtest/gtest.h>
@@ -189,6 +192,31 @@ TEST(DeclarationBuilderTest, declarationsInsideFunctions) {
         "    function g fn(num)->int\n"
         "      parameter  num\n"
         "  (= (. q a) (call @g #one))\n");
+}
+
+TEST(DeclarationBuilderTest, functionsThatAreNamedAsMacrosOfSystemHeaders) {
+    const Reading reading("#include <ctype.h>\n#define own(x) x\n#undef isdigit\nint (isalpha)(int c);\n"
+                          "int isdigit(int c);\nint (own)(int c);\nint plain(int c);\n");
+    ASSERT_EQ(reading.result, Frontends::CFrontend::Result::Complete);
+    std::string named;
+    for (std::size_t i = 0; i < reading.unit().getChildCount(); ++i) {
+        const auto* function = dynamic_cast<const Tessel::SubroutineDeclaration*>(reading.unit().getChild(i));
+        ASSERT_NE(function, nullptr);
+        named += function->isNamedAsMacro() ? function->getName() + ' ' : "";
+    }
+    EXPECT_EQ(named, "isalpha ");
+}
+
+TEST(DeclarationBuilderTest, parametersThatNobodyUsesWhereCompilersDoNotLook) {
+    const Reading reading("#include \"own.h\"\nstatic int g(int a, int b) { return a; }\n",
+                          Headers{{"own.h", "#pragma GCC system_header\n"
+                                            "static inline int f(int a, int b) { return a; }\nint h(int);\n"}});
+    ASSERT_EQ(reading.result, Frontends::CFrontend::Result::Complete);
+    std::string unused;
+    for (const Tessel::TesselBase& node : Tessel::Service::Preorder(reading.unit()))
+        if (const auto* variable = dynamic_cast<const Tessel::VariableDeclaration*>(&node))
+            unused += variable->getName() + '{' + variable->getAttributes() + '}';
+    EXPECT_EQ(unused, "a{}b{__attribute__((unused))}{}a{}b{}");
 }
 
 } // namespace Kova::Test

@@ -115,6 +115,15 @@ TEST(DeclarationTableTest, typesDeclaredInOddPlacesStandBeforeTheirUse) {
               "  return (sizeof <struct odd>)\n");
 }
 
+TEST(DeclarationTableTest, typesInsideAnInitializerStandBeforeTheVariable) {
+    EXPECT_EQ(
+        Reading("unsigned v = sizeof(struct s { int a; }), w = sizeof(enum e { E });\nstruct s x;\nint y = E;\n").tree(),
+        "struct s\n  field a int\nvariable v unsigned int = (sizeof <struct s>)\nenum e\n  enumerator E 0\n"
+        "variable w unsigned int = (sizeof <enum e>)\nvariable x struct s\nvariable y int = #E\n");
+    EXPECT_EQ(Reading("#define SIZE sizeof(union { int i; })\nunsigned long v = SIZE;\n").tree(),
+              "union \n  field i int\nvariable v unsigned long = (sizeof <union <unnamed>>)\n");
+}
+
 TEST(DeclarationTableTest, structuresThatNameEachOther) {
     EXPECT_EQ(
         Reading("struct a { struct b* b; }; struct b { struct a* a; }; int f(struct a* p) { return p->b->a == p; }")

@@ -74,4 +74,14 @@ TEST(DirectiveRecorderTest, headersOfTheUserHaveTheirs) {
                                         "  variable a int = 4\n");
 }
 
+TEST(DirectiveRecorderTest, whatClangAloneIsToldIsNotRepeated) {
+    EXPECT_EQ(treeOf("#pragma clang diagnostic push\n#pragma clang diagnostic ignored \"-Wdocumentation\"\n"
+                     "#pragma clang diagnostic ignored \"-Wunused-function\"\n"
+                     "#pragma clang diagnostic pop\nint a;\n"),
+              "opaque `#pragma GCC diagnostic push`\n"
+              "opaque `#pragma GCC diagnostic ignored \"-Wunused-function\"`\n"
+              "opaque `#pragma GCC diagnostic pop`\n"
+              "variable a int\n");
+}
+
 } // namespace Kova::Frontends

@@ -199,4 +199,15 @@ TEST(ExpressionBuilderTest, aLongSumIsLeftDeep) {
     EXPECT_EQ(reading.unit().getChildCount(), 11u);
 }
 
+TEST(ExpressionBuilderTest, callsThroughPointersThatAreNamedAsMacros) {
+    const std::string declarations = "\n#include <ctype.h>\n#define own(x) x\nint (*isalpha_)(int);\n"
+                                     "struct s { int (*isalpha)(int), (*own)(int), (*plain)(int); } v;\n";
+    EXPECT_EQ(bodyOf("(v.isalpha)(1);", declarations), "(call (* (. v isalpha)) 1)\n");
+    EXPECT_EQ(bodyOf("(*v.isalpha)(1);", declarations), "(call (* (. v isalpha)) 1)\n");
+    EXPECT_EQ(bodyOf("(v.own)(1); v.plain(2); isalpha_(3);", declarations),
+              "(call (. v own) 1)\n(call (. v plain) 2)\n(call isalpha_ 3)\n");
+    EXPECT_NE(bodyOf("int (*isdigit)(int) = 0; (isdigit)(1);", declarations).find("(call (* isdigit) 1)"),
+              std::string::npos);
+}
+
 } // namespace Kova::Test

@@ -63,4 +63,27 @@ TEST(IncludeRecorderTest, aUsersHeaderThatClaimsToBeTheSystemsIsTheUsers) {
     EXPECT_EQ(reading.unit().getChildCount(), 1u);
 }
 
+TEST(IncludeRecorderTest, whatTheProgramUndefinesForGood) {
+    const Reading reading("#undef linux\n#include <ctype.h>\n#include <stdio.h>\n#undef isalpha\n#undef EOF\n"
+                          "#define EOF -2\n#undef isdigit\n#include \"own.h\"\n#undef OWN\n#undef NEVER\n#undef isalpha\n"
+                          "#undef OUTSIDE\nint a;\n",
+                          Headers{{"own.h", "#define OWN 1\n#undef BUFSIZ\n"}}, {{}, {"OUTSIDE"}, ""});
+    ASSERT_EQ(reading.result, CFrontend::Result::Complete);
+    EXPECT_EQ(reading.unit().getSystemUndefinitions(),
+              (Texts{"linux", "isalpha", "EOF", "isdigit", "BUFSIZ", "OUTSIDE"}));
+    EXPECT_TRUE(Reading("#include <assert.h>\n#undef assert\n#include <assert.h>\n").unit().getSystemUndefinitions().empty());
+}
+
+TEST(IncludeRecorderTest, whatStandsBesideAHeaderWithAClaimIsTheUsersToo) {
+    const Reading reading("#include <stdio.h>\nint b;\n",
+                          Headers{{"lib/stdio.h", "#pragma GCC system_header\n#include_next <stdio.h>\n"
+                                                  "#include \"beside.h\"\n"},
+                                  {"lib/beside.h", "#include \"sub/next.h\"\nint beside;\n"},
+                                  {"lib/sub/next.h", "int next;\n"}},
+                          {{"lib"}, {}, ""});
+    ASSERT_EQ(reading.result, CFrontend::Result::Complete);
+    EXPECT_EQ(reading.unit().getSystemIncludes(), (Texts{"<stdio.h>"}));
+    EXPECT_EQ(reading.tree(), "variable next int\nvariable beside int\nvariable b int\n");
+}
+
 } // namespace Kova::Frontends

@@ -100,4 +100,34 @@ TEST(KeptTextTest, usesOfMacrosThatOnlyClangKnowsTheMeaningOf) {
               std::string::npos);
 }
 
+TEST(KeptTextTest, macrosThatAreOtherNamesOfWhatIsCalled) {
+    const std::string declarations = "\n#include <stdatomic.h>\n#define N 4\n#define SET(x, y) atomic_init(x, y)\n"
+                                     "atomic_int a;\n";
+    EXPECT_EQ(keptIn("atomic_init(&a, N);", declarations), "atomic_init(&a, 4) {&a|(& a)} {4|4}\n");
+    EXPECT_EQ(keptIn("SET(&a, 3);", declarations), "atomic_init(&a, 3) {&a|(& a)} {3|3}\n");
+    // Clang has the memory order before the value.
+    EXPECT_EQ(keptIn("atomic_store_explicit(&a, 3, memory_order_release);", declarations),
+              "atomic_store_explicit(&a, 3, memory_order_release) {&a|(& a)} {3|3} "
+              "{memory_order_release|#memory_order_release}\n");
+}
+
+TEST(KeptTextTest, castsAroundWhatOnlyClangHasAreTheMacros) {
+    EXPECT_EQ(keptIn("m = _mm_slli_si128(m, 4); a = (short) _mm_extract_epi16(m, 2);",
+                     "\n#include <emmintrin.h>\n__m128i m; int a;\n"),
+              "_mm_slli_si128(m, 4) {m|m} {4|4}\n_mm_extract_epi16(m, 2) {m|m} {2|2}\n");
+}
+
+TEST(KeptTextTest, callsOfTheProcessorsFunctionsByTheirOwnNamesAreCalls) {
+    EXPECT_EQ(keptIn("__builtin_ia32_pause(); a = 1;", "int a;"), "");
+}
+
+TEST(KeptTextTest, renderedTextIsInWordsOfEveryDialect) {
+    const std::string declarations = "#define SELF(e) __typeof__(*e)\nstruct s { int m[9]; } *e; int i, asmtypeof;";
+    EXPECT_EQ(keptIn("i = __builtin_offsetof(SELF(e), m[i]);", declarations),
+              "__builtin_offsetof(__typeof__ (*e), m[i]) {i|i}\n");
+    EXPECT_EQ(keptIn("i = __builtin_choose_expr(sizeof(SELF(e)), asmtypeof, \"typeof\"[i]);", declarations),
+              "__builtin_choose_expr(sizeof(__typeof__ (*e)), asmtypeof, \"typeof\"[i]) {sizeof(__typeof__ (*e))|(sizeof "
+              "<struct s>)} {asmtypeof|asmtypeof} {\"typeof\"[i]|([] \"typeof\" i)}\n");
+}
+
 } // namespace Kova::Frontends

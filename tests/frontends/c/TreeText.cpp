@@ -269,6 +269,7 @@ public:
     void visit(RecordDeclaration& node) override {
         begin(std::string(node.isExternal() ? "external " : "") +
               (node.getKind() == RecordDeclaration::Kind::Struct ? "struct " : "union ") + node.getName() +
+              (node.getPacking() != 0 ? " packed to " + std::to_string(node.getPacking()) : "") +
               (node.isComplete() ? "" : " (mention)"));
         end(node);
         children(node);
