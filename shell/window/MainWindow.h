@@ -100,6 +100,7 @@ private:
     QDockWidget* m_panelDock;
     QStackedWidget* m_panels;
     bool m_panelWanted = true;
+    bool m_panelPlaced = false;
     RecentFiles* m_recent;
     QActionGroup* m_viewActions;
     QToolBar* m_viewToolBar = nullptr;

@@ -54,7 +54,6 @@ void MainWindow::buildDocks() {
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     resizeDocks({program}, {400}, Qt::Horizontal);
     resizeDocks({program, m_sourceDock}, {220, 580}, Qt::Vertical);
-    resizeDocks({console, m_panelDock}, {260, 540}, Qt::Horizontal);
     resizeDocks({console}, {200}, Qt::Vertical);
 }
 
@@ -125,6 +124,11 @@ void MainWindow::updatePanel() {
     }
     m_panelDock->toggleViewAction()->setEnabled(panel != nullptr);
     m_panelDock->setVisible(panel != nullptr && m_panelWanted);
+    // Docks have no sizes before they are shown; after that they are the user's.
+    if (panel != nullptr && m_panelWanted && !m_panelPlaced) {
+        m_panelPlaced = true;
+        resizeDocks({findChild<QDockWidget*>("console"), m_panelDock}, {200, 560}, Qt::Horizontal);
+    }
 }
 
 void MainWindow::connectActions() {
@@ -144,7 +148,7 @@ void MainWindow::connectActions() {
 void MainWindow::restoreWindow() {
     resize(1200, 800);
     restoreGeometry(m_settings.value("geometry").toByteArray());
-    restoreState(m_settings.value("windowState").toByteArray());
+    m_panelPlaced = restoreState(m_settings.value("windowState").toByteArray());
     m_panelWanted = m_settings.value("panelWanted", true).toBool();
 }
 

@@ -103,7 +103,8 @@ void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
     mark(node, pickedMark);
     mark(other, otherMark);
     selector().ensureNodeVisible(node);
-    updateFilePage();
+    if (node != nullptr && currentWidget() == m_filePage)
+        showInFile(*node);
 }
 
 void SourcePane::showText() {
@@ -140,11 +141,16 @@ void SourcePane::updateFilePage() {
     if (currentWidget() != m_filePage)
         return;
     TesselBase* node = firstNodeInView();
-    if (node == nullptr) {
+    if (node != nullptr)
+        showInFile(*node);
+    else
         m_filePage->clear();
+}
+
+void SourcePane::showInFile(const TesselBase& node) {
+    const Tessel::SourceRange& range = node.getSourceRange();
+    if (range.file == nullptr)
         return;
-    }
-    const Tessel::SourceRange& range = node->getSourceRange();
     m_filePage->showFile(QString::fromStdString(range.file->getPath()));
     m_filePage->showLine(static_cast<int>(range.beginLine));
 }

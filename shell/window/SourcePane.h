@@ -47,6 +47,7 @@ private:
     void pick(int mark);
     void pickLine(int line);
     void updateFilePage();
+    void showInFile(const Tessel::TesselBase& node);
     [[nodiscard]] Tessel::TesselBase* firstNodeInView() const;
 
     GUI::SourceSelectorEx* m_browser;

@@ -209,6 +209,10 @@ void SourcePaneTest::theFilePageFollows() {
     m_pane->showSubject(SubjectFinder(m_program).find({"other", {}}, {}).subject);
     QCOMPARE(m_pane->getFilePage().getPath(), m_second);
     QCOMPARE(m_pane->getFilePage().getMarkedLine(), 1);
+    // What is picked in a view is what the file shows, too.
+    m_pane->showPicked(subjectAt(12).getNode(), nullptr);
+    QCOMPARE(m_pane->getFilePage().getPath(), m_first);
+    QCOMPARE(m_pane->getFilePage().getMarkedLine(), 12);
     m_pane->showText();
     QCOMPARE(m_pane->currentIndex(), 0);
 }
