@@ -9,7 +9,7 @@ using namespace Kova;
 
 namespace {
 
-class NullSink final : public Shared::IProgramOutputStream {
+class CountingSink final : public Shared::IProgramOutputStream {
 public:
     void write(const char* /*text*/, Tessel::TesselBase& /*node*/) override { ++pieces; }
     void writeNewLine(const char* /*text*/, Tessel::TesselBase& /*node*/) override { ++lines; }
@@ -22,9 +22,9 @@ public:
 void printBlock(benchmark::State& state) {
     Benchmark::GeneratedBlock generator;
     const auto block = generator.make(static_cast<std::size_t>(state.range(0)));
-    NullSink sink;
+    CountingSink sink;
     for (auto _ : state) {
-        sink = NullSink();
+        sink = CountingSink();
         Shared::ProgramTextBuilder builder(sink, {});
         block->accept(builder);
     }

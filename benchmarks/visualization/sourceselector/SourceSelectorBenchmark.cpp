@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/environment/printing/GeneratedBlock.h"
+#include "benchmarks/environment/printing/NullSink.h"
 #include "benchmarks/visualization/WidgetBenchmarks.h"
-#include "environment/printing/IProgramOutputStream.h"
 #include "visualization/sourceselector/SourceSelector.h"
 
 #include <QMouseEvent>
@@ -13,12 +13,6 @@ using namespace Kova;
 using GUI::SourceSelector;
 
 namespace {
-
-class NullSink final : public Shared::IProgramOutputStream {
-public:
-    void write(const char* /*text*/, Tessel::TesselBase& /*node*/) override {}
-    void writeNewLine(const char* /*text*/, Tessel::TesselBase& /*node*/) override {}
-};
 
 /// A file with one subroutine of so many lines.
 struct Program {
@@ -58,7 +52,7 @@ struct ShownProgram : Program {
 /// The plain way: the same text into a sink that drops it.
 void nullSink(benchmark::State& state) {
     Program program(state.range(0));
-    NullSink sink;
+    Benchmark::NullSink sink;
     for (auto _ : state) {
         Shared::ProgramTextBuilder builder(sink, SourceSelector().getOptions());
         program.root->accept(builder);

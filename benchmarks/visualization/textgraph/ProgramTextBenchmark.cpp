@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/environment/printing/GeneratedBlock.h"
-#include "environment/printing/IProgramOutputStream.h"
+#include "benchmarks/environment/printing/NullSink.h"
 #include "environment/printing/ProgramTextBuilder.h"
 #include "visualization/textgraph/ProgramText.h"
 
@@ -12,12 +12,6 @@ using namespace Kova;
 
 namespace {
 
-class NullSink final : public Shared::IProgramOutputStream {
-public:
-    void write(const char* /*text*/, Tessel::TesselBase& /*node*/) override {}
-    void writeNewLine(const char* /*text*/, Tessel::TesselBase& /*node*/) override {}
-};
-
 std::unique_ptr<Tessel::BlockStatement> makeBlock(Benchmark::GeneratedBlock& generator, benchmark::State& state) {
     return generator.make(static_cast<std::size_t>(state.range(0)));
 }
@@ -27,7 +21,7 @@ void nullSink(benchmark::State& state) {
     Benchmark::GeneratedBlock generator;
     const auto block = makeBlock(generator, state);
     for (auto _ : state) {
-        NullSink sink;
+        Benchmark::NullSink sink;
         Shared::ProgramTextBuilder builder(sink, {});
         block->accept(builder);
     }
