@@ -189,6 +189,11 @@ void DependenceTableTest::clicksPickRows() {
     QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
     QCOMPARE(picked.size(), 1);
     QCOMPARE(picked[0][0].toInt(), 1);
+    // One at a time: there is one arrow to show.
+    const QRect next = m_table->visualRect(m_table->model()->index(2, 3));
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::ControlModifier, next.center());
+    QCOMPARE(picked.last()[0].toInt(), 2);
+    QCOMPARE(m_table->selectionModel()->selectedRows().size(), 1);
 }
 
 } // namespace Kova::Shell
