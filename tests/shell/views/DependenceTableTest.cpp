@@ -2,6 +2,7 @@
 #include "shell/views/DependenceTable.h"
 
 #include <QAbstractItemModelTester>
+#include <QHeaderView>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -43,6 +44,8 @@ private Q_SLOTS:
     void pickedRowsAreToldByTheirNumbers();
     void selectingByProgramTellsNobody();
     void clicksPickRows();
+    void titlesSort();
+    void selectedRowsAreScrolledTo();
 
 private:
     [[nodiscard]] QStringList column(int number) const;
@@ -194,6 +197,31 @@ void DependenceTableTest::clicksPickRows() {
     QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::ControlModifier, next.center());
     QCOMPARE(picked.last()[0].toInt(), 2);
     QCOMPARE(m_table->selectionModel()->selectedRows().size(), 1);
+}
+
+void DependenceTableTest::titlesSort() {
+    QHeaderView* titles = m_table->horizontalHeader();
+    const int from = DependenceTableModel::FromColumn;
+    const QPoint title(titles->sectionViewportPosition(from) + titles->sectionSize(from) / 2, titles->height() / 2);
+    const QStringList ascending = {"9", "10", "100"};
+    const QStringList descending = {"100", "10", "9"};
+    QTest::mouseClick(titles->viewport(), Qt::LeftButton, Qt::NoModifier, title);
+    const QStringList first = column(from);
+    QVERIFY(first == ascending || first == descending);
+    QTest::mouseClick(titles->viewport(), Qt::LeftButton, Qt::NoModifier, title);
+    QCOMPARE(column(from), first == ascending ? descending : ascending);
+}
+
+void DependenceTableTest::selectedRowsAreScrolledTo() {
+    std::vector<DependenceRecord> records;
+    for (int i = 0; i < 200; ++i)
+        records.push_back(record("flow", "a", i + 1, i + 1, {1}));
+    m_table->setRecords(std::move(records));
+    for (const int number : {199, 0, 100}) {
+        m_table->selectRecord(number);
+        const QRect row = m_table->visualRect(m_table->model()->index(number, 0));
+        QVERIFY(m_table->viewport()->rect().contains(row.center()));
+    }
 }
 
 } // namespace Kova::Shell
