@@ -44,6 +44,7 @@ private Q_SLOTS:
     void pickedRowsAreToldByTheirNumbers();
     void selectingByProgramTellsNobody();
     void clicksPickRows();
+    void columnsAreAsWideAsTheirTexts();
     void titlesSort();
     void selectedRowsAreScrolledTo();
 
@@ -110,6 +111,14 @@ void DependenceTableTest::inThePicturesOrderAtFirst() {
 void DependenceTableTest::linesAreSortedAsNumbers() {
     m_table->sortByColumn(DependenceTableModel::FromColumn, Qt::AscendingOrder);
     QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"9", "10", "100"}));
+    // What is not known goes first.
+    m_table->sortByColumn(DependenceTableModel::ToColumn, Qt::AscendingOrder);
+    QCOMPARE(column(DependenceTableModel::ToColumn), QStringList({"?", "9", "10"}));
+    for (int i = 0; i < DependenceTableModel::ColumnCount; ++i) {
+        const bool isLine = i == DependenceTableModel::FromColumn || i == DependenceTableModel::ToColumn;
+        const QVariant alignment = m_table->model()->index(0, i).data(Qt::TextAlignmentRole);
+        QCOMPARE((alignment.toInt() & Qt::AlignRight) != 0, isLine);
+    }
     m_table->sortByColumn(DependenceTableModel::VariableColumn, Qt::DescendingOrder);
     QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"c", "b", "a"}));
 }
@@ -197,6 +206,15 @@ void DependenceTableTest::clicksPickRows() {
     QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::ControlModifier, next.center());
     QCOMPARE(picked.last()[0].toInt(), 2);
     QCOMPARE(m_table->selectionModel()->selectedRows().size(), 1);
+}
+
+void DependenceTableTest::columnsAreAsWideAsTheirTexts() {
+    const QString name(60, 'm');
+    m_table->setRecords({record("flow", name, 1, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15})});
+    for (int i = 0; i < DependenceTableModel::ColumnCount; ++i) {
+        const QString text = m_table->model()->index(0, i).data().toString();
+        QVERIFY2(m_table->columnWidth(i) > m_table->fontMetrics().horizontalAdvance(text), qPrintable(text));
+    }
 }
 
 void DependenceTableTest::titlesSort() {

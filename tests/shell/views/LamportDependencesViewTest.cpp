@@ -155,6 +155,10 @@ void LamportDependencesViewTest::nodesAreTheWords() {
         QCOMPARE(nodes[i].toObject()["visible"].toBool(), true);
         QVERIFY(nodes[i].toObject()["rect"].toArray()[2].toInt() > 0);
     }
+    // Where they are in the picture: the last brace is alone on the last line, its rectangle around the base line.
+    const QJsonArray rect = nodes.last().toObject()["rect"].toArray();
+    const int base = widget().getLines().last().y;
+    QVERIFY(rect[1].toInt() < base && rect[1].toInt() + rect[3].toInt() >= base);
 }
 
 void LamportDependencesViewTest::withoutDependencesThereIsTheText() {
@@ -200,6 +204,8 @@ void LamportDependencesViewTest::theTableFollowsTheFilter() {
     QCOMPARE(table().model()->rowCount(), all - 3);
     for (int row = 0; row < table().model()->rowCount(); ++row)
         QVERIFY(table().model()->index(row, 0).data().toString() != "flow");
+    for (const QJsonValue& edge : m_view->describe()["edges"].toArray())
+        QCOMPARE(edge.toObject()["visible"].toBool(), edge.toObject()["kind"].toString() != "flow");
     flow->trigger();
     QCOMPARE(table().model()->rowCount(), all);
 }
