@@ -86,6 +86,8 @@ TEST(CallEffects, OfPureAndSystemSubroutinesAreNone) {
     EXPECT_TRUE(calledBack.mayWrite("N"));
     const Effects likeNamed(globals + "int pure(void);\nvoid f(void) { pure(); }");
     EXPECT_TRUE(likeNamed.mayWrite("N"));
+    const Effects beforeMain(globals + "void g(void) __attribute__((constructor));\nvoid f(void) { g(); }");
+    EXPECT_TRUE(beforeMain.mayWrite("N"));
 }
 
 TEST(CallEffects, ThroughFunctionPointersMayBeAnything) {
