@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "tests/environment/analyses/lamport/AccessList.h"
-
 #include "environment/analyses/lamport/ValueBasedTest_p.h"
+#include "tests/environment/analyses/lamport/AccessList.h"
 
 #include <gtest/gtest.h>
 
@@ -62,8 +61,8 @@ TEST_F(ValueBasedTestTest, TheReaderBeforeTheWriterGetsItsNeighboursValue) {
     const std::string loop = "[n] -> { [i] : 0 <= i < n }";
     list.read("s", loop);
     list.write("s", loop);
-    EXPECT_EQ(find(), Lines({"0 -> 1 [-1] (0) = if n >= 1", "1 -> 0 [1] (1) < if n >= 2",
-                             "1 -> 1 [1] (1) < if n >= 2"}));
+    EXPECT_EQ(find(),
+              Lines({"0 -> 1 [-1] (0) = if n >= 1", "1 -> 0 [1] (1) < if n >= 2", "1 -> 1 [1] (1) < if n >= 2"}));
 }
 
 TEST_F(ValueBasedTestTest, AWriteUnderAConditionHidesOnlyWhereItHappens) {
