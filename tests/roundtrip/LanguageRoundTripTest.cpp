@@ -250,4 +250,16 @@ TEST(LanguageRoundTripTest, addressesInsideOfPackedStructures) {
                 "(int) sizeof(struct mixed), (int) _Alignof(struct s));")));
 }
 
+TEST(LanguageRoundTripTest, listsOfArgumentsInTypesOfFunctions) {
+    EXPECT_EQ(printed("#include <stdarg.h>\nextern int (*f)(const char *, va_list);\nint g(int (*)(__builtin_va_list));\n"),
+              "#include <stdarg.h>\n\nextern int (*f)(const char *, va_list);\n\nint g(int (*)(__builtin_va_list));\n");
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#include <stdarg.h>\n" +
+        program("typedef int show(const char *, va_list); struct ops { int (*show)(const char *, va_list); show *again; };\n"
+                "static int twice(const struct ops *o, const char *f, ...) { va_list l, *p = &l, copy; va_start(l, f); "
+                "va_copy(copy, *p);\n"
+                "int n = o->show(f, l) + o->again(f, copy); va_end(l); va_end(copy); __auto_type q = copy; (void) q; return n; }",
+                "struct ops o = { vprintf, vprintf }; return twice(&o, \"%d %s\\n\", 3, \"a\") == 8;")));
+}
+
 } // namespace Kova::Test
