@@ -174,6 +174,11 @@ TEST(LanguageRoundTripTest, oldPrograms) {
 
 TEST(LanguageRoundTripTest, waysThatCompilersChoose) {
     EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#if __GNUC__ < 7\n# define FALL_THROUGH\n#else\n# define FALL_THROUGH __attribute__((fallthrough));\n"
+                "#endif\nint inBraces(int x) { switch (x) { case 1: { x++; /* no break */ FALL_THROUGH } case 2: { { "
+                "if (x > 1) x++; FALL_THROUGH } } default: return x; } }",
+                "printf(\"%d\\n\", inBraces(1));")));
+    EXPECT_TRUE(textSurvivesRoundTrip(
         program("#if __GNUC__ < 7\n# define FALLTHROUGH ((void) 0)\n#else\n"
                 "# define FALLTHROUGH __attribute__ ((__fallthrough__))\n#endif\n"
                 "static int way(int x) { switch (x) { case 1: { x++; FALLTHROUGH; } case 2: x++; FALLTHROUGH; default: "
