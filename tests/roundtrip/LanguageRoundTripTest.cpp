@@ -174,6 +174,11 @@ TEST(LanguageRoundTripTest, oldPrograms) {
 
 TEST(LanguageRoundTripTest, waysThatCompilersChoose) {
     EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#if __GNUC__ < 7\n# define FALL_THROUGH\n#else\n# define FALL_THROUGH __attribute__((fallthrough));\n"
+                "#endif\nint inBraces(int x) { switch (x) { case 1: { x++; /* no break */ FALL_THROUGH } case 2: { { "
+                "if (x > 1) x++; FALL_THROUGH } } default: return x; } }",
+                "printf(\"%d\\n\", inBraces(1));")));
+    EXPECT_TRUE(textSurvivesRoundTrip(
         program("#if __GNUC__ < 7\n# define FALLTHROUGH ((void) 0)\n#else\n"
                 "# define FALLTHROUGH __attribute__ ((__fallthrough__))\n#endif\n"
                 "static int way(int x) { switch (x) { case 1: { x++; FALLTHROUGH; } case 2: x++; FALLTHROUGH; default: "
@@ -248,6 +253,18 @@ TEST(LanguageRoundTripTest, addressesInsideOfPackedStructures) {
                 "printf(\"%d %ld %ld %ld %d\\n\", *p, *q, *r, l.l, (int) v.b);\n"
                 "printf(\"%d %d %d %d %d %d\\n\", (int) sizeof v, (int) sizeof unnamed, (int) sizeof(either), (int) sizeof l, "
                 "(int) sizeof(struct mixed), (int) _Alignof(struct s));")));
+}
+
+TEST(LanguageRoundTripTest, listsOfArgumentsInTypesOfFunctions) {
+    EXPECT_EQ(printed("#include <stdarg.h>\nextern int (*f)(const char *, va_list);\nint g(int (*)(__builtin_va_list));\n"),
+              "#include <stdarg.h>\n\nextern int (*f)(const char *, va_list);\n\nint g(int (*)(__builtin_va_list));\n");
+    EXPECT_TRUE(textSurvivesRoundTrip(
+        "#include <stdarg.h>\n" +
+        program("typedef int show(const char *, va_list); struct ops { int (*show)(const char *, va_list); show *again; };\n"
+                "static int twice(const struct ops *o, const char *f, ...) { va_list l, *p = &l, copy; va_start(l, f); "
+                "va_copy(copy, *p);\n"
+                "int n = o->show(f, l) + o->again(f, copy); va_end(l); va_end(copy); __auto_type q = copy; (void) q; return n; }",
+                "struct ops o = { vprintf, vprintf }; return twice(&o, \"%d %s\\n\", 3, \"a\") == 8;")));
 }
 
 } // namespace Kova::Test
