@@ -6,12 +6,14 @@
 #include "environment/tessel/StatementBase.h"
 #include "environment/tessel/TranslationUnit.h"
 #include "environment/tessel/service/Preorder.h"
+#include "shell/window/DockedSelector.h"
 #include "shell/window/SourceFilePage.h"
-#include "visualization/sourceselector/SourceSelector.h"
 #include "visualization/sourceselector/SourceSelectorEx.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
+
+#include <algorithm>
 
 namespace Kova::Shell {
 
@@ -42,7 +44,7 @@ TesselBase* unitOf(TesselBase& node) {
 
 SourcePane::SourcePane(QWidget* parent)
     : QTabWidget(parent),
-      m_browser(new GUI::SourceSelectorEx(new GUI::SourceSelector, this)),
+      m_browser(new GUI::SourceSelectorEx(new DockedSelector, this)),
       m_filePage(new SourceFilePage(this)) {
     setDocumentMode(true);
     addTab(m_browser, tr("Printed Text"));
@@ -74,7 +76,7 @@ void SourcePane::showSubject(const Subject& subject) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     showFileOf(*node);
     mark(node, 0);
-    selector().ensureNodeVisible(node);
+    reveal(node);
     updateFilePage();
 }
 
@@ -102,9 +104,17 @@ void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
         showFileOf(*node);
     mark(node, pickedMark);
     mark(other, otherMark);
-    selector().ensureNodeVisible(node);
+    reveal(node);
     if (node != nullptr && currentWidget() == m_filePage)
         showInFile(*node);
+}
+
+// To the selector a line is visible, too, that its scroll bar covers or that begins just below.
+void SourcePane::reveal(const TesselBase* node) {
+    selector().ensureNodeVisible(node);
+    const int line = selector().getText().findLine(node);
+    if (line >= linesInView().second)
+        selector().verticalScrollBar()->setValue(line * QFontMetrics(selector().getFont()).height());
 }
 
 void SourcePane::showText() {
@@ -129,7 +139,7 @@ void SourcePane::pickLine(int line) {
                               QString::fromStdString(range.file->getPath()) == m_filePage->getPath();
         if (isOnLine && dynamic_cast<const Tessel::StatementBase*>(&node) != nullptr &&
             selector().containsNode(&node)) {
-            selector().ensureNodeVisible(&node);
+            reveal(&node);
             selector().setMark(&node, 0);
             return;
         }
@@ -155,11 +165,17 @@ void SourcePane::showInFile(const TesselBase& node) {
     m_filePage->showLine(static_cast<int>(range.beginLine));
 }
 
+std::pair<int, int> SourcePane::linesInView() const {
+    const QFontMetrics metrics(selector().getFont());
+    const int top = selector().verticalScrollBar()->value();
+    const int bottom = top + selector().viewport()->height() - metrics.descent();
+    const int first = top / metrics.height();
+    return {first, std::max(bottom / metrics.height(), first + 1)};
+}
+
 TesselBase* SourcePane::firstNodeInView() const {
     const GUI::SourceText& text = selector().getText();
-    const int height = std::max(QFontMetrics(selector().getFont()).height(), 1);
-    const int first = selector().verticalScrollBar()->value() / height;
-    const int end = std::min(first + selector().viewport()->height() / height + 1, text.getLineCount());
+    const auto [first, end] = linesInView();
     TesselBase* marked = selector().getMark(0);
     const int markedLine = text.findLine(marked);
     if (markedLine >= first && markedLine < end && selector().isNodeSelected(*marked) &&

@@ -5,6 +5,8 @@
 
 #include <QTabWidget>
 
+#include <utility>
+
 namespace Kova::GUI {
 class SourceSelector;
 class SourceSelectorEx;
@@ -44,10 +46,14 @@ private:
     /// Moves a mark; null takes its colour away.
     void mark(Tessel::TesselBase* node, int mark);
     void showFileOf(Tessel::TesselBase& node);
+    /// Scrolls until the line of a node is seen whole.
+    void reveal(const Tessel::TesselBase* node);
     void pick(int mark);
     void pickLine(int line);
     void updateFilePage();
     void showInFile(const Tessel::TesselBase& node);
+    /// The first line in view, and the one after the last that is seen whole; one line at least.
+    [[nodiscard]] std::pair<int, int> linesInView() const;
     [[nodiscard]] Tessel::TesselBase* firstNodeInView() const;
 
     GUI::SourceSelectorEx* m_browser;

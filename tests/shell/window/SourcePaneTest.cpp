@@ -43,6 +43,8 @@ private Q_SLOTS:
     void isEmptyAtFirst();
     void aProgramShowsItsFirstFile();
     void aSubjectIsMarkedAndScrolledTo();
+    void subjectsAreSeenWhole();
+    void aHighPaneShowsAllLinesInIt();
     void subjectsOfOtherFiles();
     void aPartOfAFileStaysWhileItHoldsTheSubject();
     void showingIsNoPicking();
@@ -127,6 +129,46 @@ void SourcePaneTest::aSubjectIsMarkedAndScrolledTo() {
     QVERIFY(!selector().isNodeSelected(*subject.getNode()));
     m_pane->showSubject(subject);
     QVERIFY(selector().isNodeSelected(*subject.getNode()));
+}
+
+// Each statement of the text in turn, from the top of the text.
+void SourcePaneTest::subjectsAreSeenWhole() {
+    m_pane->showSubject(program());
+    const QFontMetrics metrics(selector().getFont());
+    int moved = 0;
+    for (int line = 3; line <= 70; ++line) {
+        const Subject subject = subjectAt(line);
+        if (!selector().containsNode(subject.getNode()))
+            continue;
+        selector().verticalScrollBar()->setValue(0);
+        m_pane->showSubject(subject);
+        const int scrolled = selector().verticalScrollBar()->value();
+        const int top = selector().getText().findLine(subject.getNode()) * metrics.height() - scrolled;
+        QVERIFY(top >= 0);
+        QVERIFY(top + metrics.height() + metrics.descent() <= selector().viewport()->height());
+        moved += scrolled > 0 ? 1 : 0;
+    }
+    QVERIFY(moved > 0);
+}
+
+void SourcePaneTest::aHighPaneShowsAllLinesInIt() {
+    m_pane->resize(150, 700);
+    m_pane->showSubject(program());
+    const int height = QFontMetrics(selector().getFont()).height();
+    const QImage picture = selector().viewport()->grab().toImage();
+    const QRgb ground = selector().palette().color(QPalette::Base).rgb();
+    QVERIFY(picture.height() > 2 * picture.width());
+    // Every line of the program has something in it.
+    for (int top = 0; top + height <= picture.height(); top += height) {
+        int ink = 0;
+        for (int y = top; y < top + height; ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                ink += picture.pixel(x, y) != ground ? 1 : 0;
+        QVERIFY2(ink > 0, qPrintable(QString::number(top / height)));
+    }
+    // A part of the picture is drawn as the whole is.
+    const QRect part(0, 300, picture.width(), 50);
+    QCOMPARE(selector().viewport()->grab(part).toImage(), picture.copy(part));
 }
 
 void SourcePaneTest::subjectsOfOtherFiles() {

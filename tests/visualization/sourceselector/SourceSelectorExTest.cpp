@@ -5,6 +5,7 @@
 #include "tests/environment/printing/Names.h"
 #include "visualization/sourceselector/SourceSelector.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QBoxLayout>
 #include <QComboBox>
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void entriesHoldTheirDeclarations();
     void theFirstEntryIsScrolledTo();
     void choosingScrolls();
+    void choosingTheCurrentEntryScrolls();
+    void theListHasRoomForNames();
     void aNullRootKeepsTheList();
     void forgettingTheRoot();
     void theUpButton();
@@ -233,6 +236,20 @@ void SourceSelectorExTest::choosingScrolls() {
     QCOMPARE(selector().verticalScrollBar()->value(), line * QFontMetrics(selector().getFont()).height());
     m_browser->subroutineSelected(0);
     QCOMPARE(selector().verticalScrollBar()->value(), 0);
+}
+
+// As a person does it: open the list and press Enter.
+void SourceSelectorExTest::choosingTheCurrentEntryScrolls() {
+    m_browser->setRootNode(m_unit);
+    selector().verticalScrollBar()->setValue(selector().verticalScrollBar()->maximum());
+    list().showPopup();
+    QTest::keyClick(list().view(), Qt::Key_Return);
+    QCOMPARE(list().currentIndex(), 0);
+    QCOMPARE(selector().verticalScrollBar()->value(), 0);
+}
+
+void SourceSelectorExTest::theListHasRoomForNames() {
+    QVERIFY(list().width() > list().fontMetrics().horizontalAdvance("fallbackSimpleS"));
 }
 
 void SourceSelectorExTest::aNullRootKeepsTheList() {
