@@ -76,17 +76,35 @@ void SourcePane::showSubject(const Subject& subject) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     showFileOf(*node);
     mark(node, 0);
+    markPicked(nullptr, nullptr);
     reveal(node);
     updateFilePage();
 }
 
 // A mark without its colour still holds its node, and is not set to it again.
 void SourcePane::mark(TesselBase* node, int mark) {
+    if (mark == 0)
+        m_isSubjectMarked = selector().containsNode(node);
     selector().setMark(nullptr, mark);
     if (node != nullptr && selector().getMark(mark) == node)
         selector().markNode(node, mark + firstMarkSlot);
     else
         selector().setMark(node, mark);
+}
+
+void SourcePane::markPicked(TesselBase* node, TesselBase* other) {
+    mark(nullptr, pickedMark);
+    mark(nullptr, otherMark);
+    uncoverMarks();
+    mark(node, pickedMark);
+    mark(other, otherMark);
+}
+
+void SourcePane::uncoverMarks() {
+    for (int mark = m_isSubjectMarked ? 0 : 1; mark < userMarks; ++mark) {
+        selector().markNode(selector().getMark(mark), mark + firstMarkSlot);
+        selector().markFragment(selector().getMarkFragment(mark), mark + firstMarkSlot);
+    }
 }
 
 // The root stays when it holds the node, were it only a part of the file.
@@ -102,8 +120,7 @@ void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     if (node != nullptr)
         showFileOf(*node);
-    mark(node, pickedMark);
-    mark(other, otherMark);
+    markPicked(node, other);
     reveal(node);
     if (node != nullptr && currentWidget() == m_filePage)
         showInFile(*node);
@@ -121,10 +138,16 @@ void SourcePane::showText() {
     setCurrentWidget(m_browser);
 }
 
+// What was picked in a view would cover it: its marks have the larger numbers.
 void SourcePane::pick(int mark) {
     TesselBase* node = selector().getMark(mark);
+    const bool isUsers = node != nullptr && mark < userMarks && !m_silent;
+    if (isUsers) {
+        m_isSubjectMarked = m_isSubjectMarked || mark == 0;
+        markPicked(nullptr, nullptr);
+    }
     updateFilePage();
-    if (mark == 0 && node != nullptr && !m_silent)
+    if (isUsers && mark == 0)
         Q_EMIT nodePicked(node);
 }
 
@@ -178,8 +201,7 @@ TesselBase* SourcePane::firstNodeInView() const {
     const auto [first, end] = linesInView();
     TesselBase* marked = selector().getMark(0);
     const int markedLine = text.findLine(marked);
-    if (markedLine >= first && markedLine < end && selector().isNodeSelected(*marked) &&
-        marked->getSourceRange().file != nullptr)
+    if (markedLine >= first && markedLine < end && m_isSubjectMarked && marked->getSourceRange().file != nullptr)
         return marked;
     for (int line = first; line < text.getLineCount(); ++line)
         for (const GUI::SourceText::Part& part : text.getLine(line))

@@ -45,6 +45,10 @@ private:
     [[nodiscard]] GUI::SourceSelector& selector() const;
     /// Moves a mark; null takes its colour away.
     void mark(Tessel::TesselBase* node, int mark);
+    /// Moves the marks of what was picked in a view; null takes their colour away.
+    void markPicked(Tessel::TesselBase* node, Tessel::TesselBase* other);
+    /// Gives back to the user's marks what marks with larger numbers had covered.
+    void uncoverMarks();
     void showFileOf(Tessel::TesselBase& node);
     /// Scrolls until the line of a node is seen whole.
     void reveal(const Tessel::TesselBase* node);
@@ -59,6 +63,8 @@ private:
     GUI::SourceSelectorEx* m_browser;
     SourceFilePage* m_filePage;
     bool m_silent = false;
+    /// Whether mark 0 is seen: it holds its node even when it is not.
+    bool m_isSubjectMarked = false;
 };
 
 } // namespace Kova::Shell

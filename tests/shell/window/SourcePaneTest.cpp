@@ -51,6 +51,8 @@ private Q_SLOTS:
     void clickingPicks();
     void otherMarksPickNothing();
     void pickedInAView();
+    void picksLeaveNoHoles();
+    void aClickIsSeenWhereAPickWas();
     void theFilePageFollows();
     void theFilePageFollowsScrolling();
     void clickingALineOfTheFilePicks();
@@ -240,6 +242,45 @@ void SourcePaneTest::pickedInAView() {
     m_pane->showPicked(other, nullptr);
     QCOMPARE(m_pane->getBrowser().getRootNode(), m_program.getUnit().getTranslationUnit(1));
     QVERIFY(selector().isNodeSelected(*other));
+}
+
+// A loop is the subject, and its parts are picked one after the other.
+void SourcePaneTest::picksLeaveNoHoles() {
+    const Subject loop = subjectAt(4);
+    TesselBase* body = subjectAt(5).getNode();
+    m_pane->showSubject(loop);
+    m_pane->showPicked(body, nullptr);
+    m_pane->showPicked(nullptr, body);
+    m_pane->showPicked(nullptr, nullptr);
+    QVERIFY(selector().isNodeSelected(*body));
+    selector().clearSelection(2);
+    QVERIFY(!selector().isNodeSelected(*body));
+    // The program as a whole has no mark, and gets none back.
+    m_pane->showSubject(loop);
+    m_pane->showSubject(program());
+    m_pane->showPicked(body, nullptr);
+    m_pane->showPicked(nullptr, nullptr);
+    QVERIFY(!selector().isNodeSelected(*body));
+    QVERIFY(!selector().isNodeSelected(*loop.getNode()));
+}
+
+void SourcePaneTest::aClickIsSeenWhereAPickWas() {
+    TesselBase* subroutine = SubjectFinder(m_program).find({"f0", {}}, {}).subject.getNode();
+    TesselBase* loop = subjectAt(4).getNode();
+    m_pane->showSubject(program());
+    m_pane->showPicked(subroutine, nullptr);
+    click(*loop);
+    QCOMPARE(selector().getMark(0), loop);
+    QVERIFY(selector().isNodeSelected(*loop));
+    QVERIFY(!selector().isNodeSelected(*subroutine));
+    selector().clearSelection(2);
+    QVERIFY(!selector().isNodeSelected(*loop));
+    // The other marks likewise.
+    m_pane->showPicked(subroutine, nullptr);
+    click(*loop, Qt::RightButton);
+    QVERIFY(selector().isNodeSelected(*loop));
+    QVERIFY(!selector().isNodeSelected(*subroutine));
+    QCOMPARE(m_picks, QList<TesselBase*>({loop}));
 }
 
 void SourcePaneTest::theFilePageFollows() {
