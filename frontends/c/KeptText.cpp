@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "frontends/c/KeptText_p.h"
-
 #include "environment/printing/SourceText.h"
+#include "frontends/c/KeptText_p.h"
 #include "frontends/c/ProgramMacros_p.h"
 #include "frontends/c/SystemHeaders_p.h"
 #include "frontends/c/UnitContext_p.h"

@@ -234,8 +234,8 @@ void StatementVisitor::hoistDirectives(clang::SourceLocation end) {
 void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next) {
     const clang::SourceManager& sources = m_context.clang.getSourceManager();
     const clang::SourceLocation behind = sources.getExpansionLoc(next.getBeginLoc());
-    clang::SourceRange comment = m_context.fallThrough.findBetween(
-        sources.getExpansionRange(last.getEndLoc()).getEnd(), behind, sources);
+    clang::SourceRange comment =
+        m_context.fallThrough.findBetween(sources.getExpansionRange(last.getEndLoc()).getEnd(), behind, sources);
     // A macro, other than a comment, may stand inside of the braces.
     const clang::Stmt& end = lastOf(last);
     if (comment.isInvalid() && &end != &last)
