@@ -41,7 +41,8 @@ private:
 
 std::string writeWavefront() {
     return std::string(head) +
-           "                a[i][j][k] = a[i - 1][j][k] + a[i][j - 1][k] + a[i][j][k + 1] + a[j][i][k] * a[i][k][j];\n" +
+           "                a[i][j][k] = a[i - 1][j][k] + a[i][j - 1][k] + a[i][j][k + 1] + a[j][i][k] * "
+           "a[i][k][j];\n" +
            foot;
 }
 
@@ -55,9 +56,7 @@ std::string writeNest(std::size_t statements) {
 
 std::string writeStraight(std::size_t statements) {
     std::mt19937 random(3000);
-    const auto element = [&random](const char* array) {
-        return array + ("[" + std::to_string(random() % 500) + "]");
-    };
+    const auto element = [&random](const char* array) { return array + ("[" + std::to_string(random() % 500) + "]"); };
     std::string text = "double x[500], y[500];\nvoid f(double s) {\n";
     for (std::size_t i = 0; i < statements; ++i)
         text += "    " + element(i % 2 == 0 ? "x" : "y") + " = " + element(i % 3 == 0 ? "x" : "y") + " + s;\n";

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/dependences/PlainDependences.h"
 
+#include <benchmark/benchmark.h>
 #include <isl/aff.h>
 #include <isl/map.h>
 #include <isl/set.h>
-
-#include <benchmark/benchmark.h>
 
 #include <sstream>
 
@@ -18,8 +17,7 @@ isl::map projectOut(isl::map map, isl_dim_type type, unsigned from) {
 }
 
 void describe(const isl::map& part, unsigned commonLoops) {
-    const isl::set distances =
-        projectOut(projectOut(part, isl_dim_in, commonLoops), isl_dim_out, commonLoops).deltas();
+    const isl::set distances = projectOut(projectOut(part, isl_dim_in, commonLoops), isl_dim_out, commonLoops).deltas();
     for (unsigned loop = 0; loop < commonLoops; ++loop) {
         benchmark::DoNotOptimize(distances.dim_min_val(static_cast<int>(loop)));
         benchmark::DoNotOptimize(distances.dim_max_val(static_cast<int>(loop)));

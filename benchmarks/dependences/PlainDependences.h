@@ -9,8 +9,8 @@
 
 namespace Kova::Benchmark {
 
-/// What somebody would write who calls isl for every pair of accesses: meetings, cut by each carrier, asked whether they
-/// are empty. Nothing is looked at twice and nothing is known beforehand.
+/// What somebody would write who calls isl for every pair of accesses: meetings, cut by each carrier, asked whether
+/// they are empty. Nothing is looked at twice and nothing is known beforehand.
 class PlainDependences {
 public:
     enum class Questions {

@@ -266,7 +266,9 @@ void CExpressionPieces::visit(SubroutineCallExpression& node) {
 
 void CExpressionPieces::visit(TypeQueryExpression& node) {
     setPrecedence(Precedence::Unary);
-    text(node.getQuery() == TypeQueryExpression::Query::SizeOf ? "sizeof " : "_Alignof ");
+    // The standard has the alignment of types only.
+    const char* alignment = node.getQueriedType() != nullptr ? "_Alignof " : "__alignof__ ";
+    text(node.getQuery() == TypeQueryExpression::Query::SizeOf ? "sizeof " : alignment);
     if (node.getQueriedType() != nullptr) {
         text("(");
         type(node.getQueriedType());

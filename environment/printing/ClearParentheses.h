@@ -6,7 +6,7 @@
 namespace Kova::Tessel {
 class BinaryExpression;
 class ExpressionBase;
-}
+} // namespace Kova::Tessel
 
 namespace Kova::Backends {
 

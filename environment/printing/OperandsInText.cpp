@@ -74,8 +74,7 @@ PieceList splitAtOperands(const std::string& text, TextStyle style, TesselBase& 
     std::size_t done = 0;
     for (const Operand& operand : operands) {
         pieces.text(toOneLine(text.substr(done, operand.place.begin - done), style), node);
-        pieces.node(operand.node,
-                    isInParentheses(text, operand.place) ? Precedence::Comma : Precedence::Assignment);
+        pieces.node(operand.node, isInParentheses(text, operand.place) ? Precedence::Comma : Precedence::Assignment);
         done = operand.place.end;
     }
     pieces.text(toOneLine(text.substr(done), style), node);

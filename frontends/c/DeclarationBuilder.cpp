@@ -87,9 +87,9 @@ bool isUnusedOfHeader(const clang::VarDecl& variable, const clang::SourceManager
 /// A parameter that nothing uses, of a function in a header that compilers say nothing of.
 bool isUnusedInSilence(const clang::VarDecl& variable, const SystemHeaders& system) {
     const auto* function = llvm::dyn_cast<clang::FunctionDecl>(variable.getDeclContext());
-    return llvm::isa<clang::ParmVarDecl>(variable) && function != nullptr &&
-           function->doesThisDeclarationHaveABody() && !variable.isReferenced() &&
-           !variable.hasAttr<clang::UnusedAttr>() && system.isSilent(variable.getLocation());
+    return llvm::isa<clang::ParmVarDecl>(variable) && function != nullptr && function->doesThisDeclarationHaveABody() &&
+           !variable.isReferenced() && !variable.hasAttr<clang::UnusedAttr>() &&
+           system.isSilent(variable.getLocation());
 }
 
 /// Gives declarations that have their names only what else belongs to them.
@@ -130,8 +130,7 @@ void Completion::complete(const clang::FunctionDecl& from, SubroutineDeclaration
                                    : withoutThread(from.getStorageClass()));
     subroutine.setInline(from.isInlineSpecified());
     subroutine.setNoReturn(from.isNoReturn());
-    subroutine.setNamedAsMacro(from.getIdentifier() != nullptr &&
-                               m_context.macros.isSystemCall(*from.getIdentifier()));
+    subroutine.setNamedAsMacro(from.getIdentifier() != nullptr && m_context.macros.isSystemCall(*from.getIdentifier()));
     // Compilers hear more in GNU's attribute than in the standard's word. It may be the type's or another
     // declaration's.
     if (from.isNoReturn() && !from.hasAttr<clang::C11NoReturnAttr>() && !from.hasAttr<clang::CXX11NoReturnAttr>() &&

@@ -95,6 +95,15 @@ clang::SourceRange FallThroughComments::findBetween(clang::SourceLocation begin,
     return isFound ? *first : clang::SourceRange();
 }
 
+clang::SourceRange FallThroughComments::findMacroBetween(clang::SourceLocation begin, clang::SourceLocation end,
+                                                         const clang::SourceManager& sources) const {
+    const auto isBefore = [&](clang::SourceLocation a, clang::SourceLocation b) {
+        return sources.isBeforeInTranslationUnit(a, b);
+    };
+    const auto first = std::upper_bound(m_macros.begin(), m_macros.end(), begin, isBefore);
+    return first != m_macros.end() && isBefore(*first, end) ? clang::SourceRange(*first) : clang::SourceRange();
+}
+
 clang::SourceRange FallThroughComments::findMacro(clang::SourceRange statement, const clang::SourceManager& sources,
                                                   const clang::LangOptions& language) const {
     const auto isBefore = [&](clang::SourceLocation macro, clang::SourceLocation place) {

@@ -21,6 +21,9 @@ public:
     /// The comment or macro between two places of one file; invalid when there is none.
     [[nodiscard]] clang::SourceRange findBetween(clang::SourceLocation begin, clang::SourceLocation end,
                                                  const clang::SourceManager& sources) const;
+    /// The macro's use between two places; invalid when there is none.
+    [[nodiscard]] clang::SourceRange findMacroBetween(clang::SourceLocation begin, clang::SourceLocation end,
+                                                      const clang::SourceManager& sources) const;
     /// The macro's use that a statement is all of; invalid when it is none. @param statement may begin with a semicolon
     /// behind a macro that stands for nothing.
     [[nodiscard]] clang::SourceRange findMacro(clang::SourceRange statement, const clang::SourceManager& sources,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "environment/printing/SourceText.h"
 #include "frontends/c/KeptText_p.h"
 #include "frontends/c/ProgramMacros_p.h"
 #include "frontends/c/SystemHeaders_p.h"
@@ -10,7 +11,6 @@
 #include <clang/AST/PrettyPrinter.h>
 #include <clang/Basic/SourceManager.h>
 #include <clang/Lex/Lexer.h>
-#include <llvm/ADT/StringExtras.h>
 #include <llvm/Support/raw_ostream.h>
 
 #include <algorithm>
@@ -51,19 +51,12 @@ void sortByPlace(std::vector<KeptText::Operand>& operands) {
     });
 }
 
-bool isWordCharacter(char c) {
-    return llvm::isAlnum(c) || c == '_' || c == '$' || (static_cast<unsigned char>(c) & 0x80U) != 0;
-}
-
 /// The position behind what begins at another one: a word, a constant with its quotes, or a single character.
 std::size_t skipToken(const std::string& text, std::size_t begin) {
+    if (text[begin] == '"' || text[begin] == '\'')
+        return Backends::skipQuoted(text, begin);
     std::size_t end = begin + 1;
-    if (text[begin] == '"' || text[begin] == '\'') {
-        while (end < text.size() && text[end] != text[begin])
-            end += text[end] == '\\' ? 2 : 1;
-        return std::min(end + 1, text.size());
-    }
-    while (isWordCharacter(text[begin]) && end < text.size() && isWordCharacter(text[end]))
+    while (Backends::isWordCharacter(text[begin]) && end < text.size() && Backends::isWordCharacter(text[end]))
         ++end;
     return end;
 }

@@ -233,15 +233,20 @@ void StatementVisitor::hoistDirectives(clang::SourceLocation end) {
 /// Comments are not kept, but compilers read this one: it becomes the attribute that says the same.
 void StatementVisitor::appendFallThrough(BlockStatement& block, const clang::Stmt& last, const clang::Stmt& next) {
     const clang::SourceManager& sources = m_context.clang.getSourceManager();
-    const clang::SourceRange comment = m_context.fallThrough.findBetween(
-        sources.getExpansionRange(last.getEndLoc()).getEnd(), sources.getExpansionLoc(next.getBeginLoc()), sources);
+    const clang::SourceLocation behind = sources.getExpansionLoc(next.getBeginLoc());
+    clang::SourceRange comment =
+        m_context.fallThrough.findBetween(sources.getExpansionRange(last.getEndLoc()).getEnd(), behind, sources);
+    // A macro, other than a comment, may stand inside of the braces.
+    const clang::Stmt& end = lastOf(last);
+    if (comment.isInvalid() && &end != &last)
+        comment = m_context.fallThrough.findMacroBetween(sources.getExpansionRange(end.getEndLoc()).getEnd(), behind,
+                                                         sources);
     const StatementBase* before = block.getStatement(block.getChildCount() - 1);
     const bool goesOn = dynamic_cast<const BreakStatement*>(before) == nullptr &&
                         dynamic_cast<const ReturnStatement*>(before) == nullptr &&
                         dynamic_cast<const GotoStatement*>(before) == nullptr &&
                         dynamic_cast<const ContinueStatement*>(before) == nullptr;
     // Nor do they warn of what a system header's macro does, such as assert(0).
-    const clang::Stmt& end = lastOf(last);
     const bool isSilent = end.getEndLoc().isMacroID() && m_context.system.hold(sources.getSpellingLoc(end.getEndLoc()));
     if (goesOn && comment.isValid())
         block.append(makeFallThrough(comment));

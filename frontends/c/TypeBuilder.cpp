@@ -53,6 +53,18 @@ const clang::TagDecl* tagBehind(const clang::Type& type) {
     }
 }
 
+/// True for the structure that a va_list is an array of, whose name is Clang's.
+bool isInsideVariadicList(const clang::TagDecl& tag) {
+    return tag.isImplicit() && tag.getName() == "__va_list_tag";
+}
+
+/// A parameter that is a va_list stays one, though the type of the function has it as a pointer.
+clang::QualType withVariadicList(clang::QualType parameter) {
+    const auto* decayed = llvm::dyn_cast<clang::DecayedType>(parameter.getTypePtr());
+    const clang::TagDecl* tag = decayed != nullptr ? decayed->getPointeeType()->getAsTagDecl() : nullptr;
+    return tag != nullptr && isInsideVariadicList(*tag) ? decayed->getOriginalType() : parameter;
+}
+
 } // namespace
 
 bool leavesLengthOut(const clang::TypeSourceInfo* written, clang::QualType known) {
@@ -83,7 +95,10 @@ const Type* TypeBuilder::make(const clang::Type& type, std::uint8_t qualifiers, 
         return makeFunction(*function);
     if (const auto* name = llvm::dyn_cast<clang::TypedefType>(&type))
         return types.declared(m_context.declarations.typedefOf(*name->getDecl()), qualifiers);
-    if (const auto* tag = llvm::dyn_cast<clang::TagType>(&type))
+    const auto* tag = llvm::dyn_cast<clang::TagType>(&type);
+    if (tag != nullptr && isInsideVariadicList(*tag->getDecl()))
+        return types.opaque("__typeof__(**(__builtin_va_list *) 0)", qualifiers);
+    if (tag != nullptr)
         return types.declared(m_context.declarations.tag(*tag->getDecl()), qualifiers);
     return makeOther(type, qualifiers, bounds);
 }
@@ -122,7 +137,7 @@ const Type* TypeBuilder::makeFunction(const clang::FunctionType& type) {
         kind = prototype->isVariadic() ? FunctionType::Parameters::Variadic : FunctionType::Parameters::Fixed;
         // Bounds that only a function type names belong to no node: its parameters are declared nowhere.
         for (const clang::QualType parameter : prototype->param_types())
-            parameters.push_back(buildInto(parameter, nullptr));
+            parameters.push_back(buildInto(withVariadicList(parameter), nullptr));
     }
     return m_context.program.getTypes().function(buildInto(type.getReturnType(), nullptr), std::move(parameters), kind);
 }

@@ -71,7 +71,8 @@ ExitStatus BatchRun::showView() const {
     if (found.error.isEmpty())
         return showSubject(kind, found.subject);
     printMessage(found.error);
-    return WrongUsage;
+    // A program that has nothing of the kind is nobody's mistake.
+    return m_options.subject.namesSomething() ? WrongUsage : NothingToShow;
 }
 
 ExitStatus BatchRun::showSubject(const ViewKind& kind, const Subject& subject) const {

@@ -18,6 +18,8 @@ struct SubjectRequest {
     QString function;
     /// A line of the source; none when not asked for.
     std::optional<int> line;
+
+    [[nodiscard]] bool namesSomething() const { return !function.isEmpty() || line.has_value(); }
 };
 
 /// What a view looks at when nothing, or only a line, is named.

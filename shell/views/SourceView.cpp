@@ -7,7 +7,6 @@
 #include "shell/program/Counted.h"
 #include "shell/views/SourceSheet.h"
 #include "visualization/sourceselector/SourceSelector.h"
-#include "visualization/sourceselector/SourceSelectorEx.h"
 #include "visualization/sourceselector/SubroutineCollector.h"
 
 #include <QJsonArray>
@@ -72,9 +71,9 @@ ViewKind SourceView::kind() {
 
 // A picture of the source shows all of it; what is to be hidden is chosen where one works with it.
 SourceView::SourceView()
-    : m_browser(std::make_unique<GUI::SourceSelectorEx>(new SourceSelector)),
-      m_sheet(std::make_unique<SourceSheet>(*m_browser->getSelector())) {
-    m_browser->getSelector()->setOptions({});
+    : m_selector(std::make_unique<SourceSelector>()),
+      m_sheet(std::make_unique<SourceSheet>(*m_selector)) {
+    m_selector->setOptions({});
 }
 
 SourceView::~SourceView() = default;
@@ -85,25 +84,23 @@ GUI::GraphWidgetBase& SourceView::getWidget() const {
 
 void SourceView::show(const Subject& subject) {
     TesselBase* subroutine = subject.getSubroutine();
-    SourceSelector& selector = *m_browser->getSelector();
-    m_browser->setRootNode(subroutine != nullptr ? subroutine : subject.getNode());
-    selector.setMark(subject.getStatement(), 0);
+    m_selector->setRootNode(subroutine != nullptr ? subroutine : subject.getNode());
+    m_selector->setMark(subject.getStatement(), 0);
     m_sheet->update();
 }
 
 void SourceView::clear() {
-    m_browser->forgetRootNode();
+    m_selector->forgetRootNode();
     m_sheet->update();
 }
 
 Picked SourceView::findAt(const QPoint& position) const {
-    const SourceSelector& selector = *m_browser->getSelector();
-    return {selector.getNodeByPos(m_sheet->screenToGraph(position)), nullptr};
+    return {m_selector->getNodeByPos(m_sheet->screenToGraph(position)), nullptr};
 }
 
 QStringList SourceView::subroutineNames() const {
     QStringList names;
-    if (TesselBase* root = m_browser->getRootNode()) {
+    if (TesselBase* root = m_selector->getRootNode()) {
         GUI::SubroutineCollector collector;
         root->accept(collector);
         for (const Tessel::SubroutineDeclaration* subroutine : collector.getSubroutines())
@@ -114,21 +111,21 @@ QStringList SourceView::subroutineNames() const {
 }
 
 QJsonObject SourceView::describe() const {
-    const SourceSelector& selector = *m_browser->getSelector();
+    const GUI::SourceText& text = m_selector->getText();
     QJsonArray lines;
-    for (int i = 0; i < selector.getText().getLineCount(); ++i)
-        lines.append(describeLine(selector.getText().getLine(i)));
+    for (int i = 0; i < text.getLineCount(); ++i)
+        lines.append(describeLine(text.getLine(i)));
     return {{"nodes", QJsonArray()},
             {"edges", QJsonArray()},
             {"lines", lines},
             {"subroutines", QJsonArray::fromStringList(subroutineNames())},
-            {"marks", describeMarks(selector)}};
+            {"marks", describeMarks(*m_selector)}};
 }
 
 QString SourceView::summarize() const {
     if (!m_sheet->isBuilded())
         return {};
-    const int lines = m_browser->getSelector()->getText().getLineCount();
+    const int lines = m_selector->getText().getLineCount();
     return counted(static_cast<std::size_t>(lines), "line") + ", " +
            counted(static_cast<std::size_t>(subroutineNames().size()), "subroutine");
 }

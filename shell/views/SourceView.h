@@ -4,7 +4,7 @@
 #include "shell/views/ViewKind.h"
 
 namespace Kova::GUI {
-class SourceSelectorEx;
+class SourceSelector;
 }
 
 namespace Kova::Shell {
@@ -30,8 +30,8 @@ public:
 private:
     [[nodiscard]] QStringList subroutineNames() const;
 
-    /// Never shown itself: it prints and keeps marks for the sheet.
-    std::unique_ptr<GUI::SourceSelectorEx> m_browser;
+    /// Never shown itself nor scrolled: it prints and keeps marks for the sheet.
+    std::unique_ptr<GUI::SourceSelector> m_selector;
     std::unique_ptr<SourceSheet> m_sheet;
 };
 

@@ -117,7 +117,7 @@ ExitStatus MainWindow::start(const Options& options) {
     if (!success)
         return FileFailure;
     const FoundSubject found = SubjectFinder(m_session.getProgram()).find(options.subject, m_kind->preference);
-    if (!found.error.isEmpty()) {
+    if (!found.error.isEmpty() && options.subject.namesSomething()) {
         printMessage(found.error);
         return WrongUsage;
     }

@@ -6,12 +6,14 @@
 #include "environment/tessel/StatementBase.h"
 #include "environment/tessel/TranslationUnit.h"
 #include "environment/tessel/service/Preorder.h"
+#include "shell/window/DockedSelector.h"
 #include "shell/window/SourceFilePage.h"
-#include "visualization/sourceselector/SourceSelector.h"
 #include "visualization/sourceselector/SourceSelectorEx.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
+
+#include <algorithm>
 
 namespace Kova::Shell {
 
@@ -42,7 +44,7 @@ TesselBase* unitOf(TesselBase& node) {
 
 SourcePane::SourcePane(QWidget* parent)
     : QTabWidget(parent),
-      m_browser(new GUI::SourceSelectorEx(new GUI::SourceSelector, this)),
+      m_browser(new GUI::SourceSelectorEx(new DockedSelector, this)),
       m_filePage(new SourceFilePage(this)) {
     setDocumentMode(true);
     addTab(m_browser, tr("Printed Text"));
@@ -74,17 +76,35 @@ void SourcePane::showSubject(const Subject& subject) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     showFileOf(*node);
     mark(node, 0);
-    selector().ensureNodeVisible(node);
+    markPicked(nullptr, nullptr);
+    reveal(node);
     updateFilePage();
 }
 
 // A mark without its colour still holds its node, and is not set to it again.
 void SourcePane::mark(TesselBase* node, int mark) {
+    if (mark == 0)
+        m_isSubjectMarked = selector().containsNode(node);
     selector().setMark(nullptr, mark);
     if (node != nullptr && selector().getMark(mark) == node)
         selector().markNode(node, mark + firstMarkSlot);
     else
         selector().setMark(node, mark);
+}
+
+void SourcePane::markPicked(TesselBase* node, TesselBase* other) {
+    mark(nullptr, pickedMark);
+    mark(nullptr, otherMark);
+    uncoverMarks();
+    mark(node, pickedMark);
+    mark(other, otherMark);
+}
+
+void SourcePane::uncoverMarks() {
+    for (int mark = m_isSubjectMarked ? 0 : 1; mark < userMarks; ++mark) {
+        selector().markNode(selector().getMark(mark), mark + firstMarkSlot);
+        selector().markFragment(selector().getMarkFragment(mark), mark + firstMarkSlot);
+    }
 }
 
 // The root stays when it holds the node, were it only a part of the file.
@@ -100,21 +120,34 @@ void SourcePane::showPicked(TesselBase* node, TesselBase* other) {
     const QScopedValueRollback<bool> silence(m_silent, true);
     if (node != nullptr)
         showFileOf(*node);
-    mark(node, pickedMark);
-    mark(other, otherMark);
-    selector().ensureNodeVisible(node);
+    markPicked(node, other);
+    reveal(node);
     if (node != nullptr && currentWidget() == m_filePage)
         showInFile(*node);
+}
+
+// To the selector a line is visible, too, that its scroll bar covers or that begins just below.
+void SourcePane::reveal(const TesselBase* node) {
+    selector().ensureNodeVisible(node);
+    const int line = selector().getText().findLine(node);
+    if (line >= linesInView().second)
+        selector().verticalScrollBar()->setValue(line * QFontMetrics(selector().getFont()).height());
 }
 
 void SourcePane::showText() {
     setCurrentWidget(m_browser);
 }
 
+// What was picked in a view would cover it: its marks have the larger numbers.
 void SourcePane::pick(int mark) {
     TesselBase* node = selector().getMark(mark);
+    const bool isUsers = node != nullptr && mark < userMarks && !m_silent;
+    if (isUsers) {
+        m_isSubjectMarked = m_isSubjectMarked || mark == 0;
+        markPicked(nullptr, nullptr);
+    }
     updateFilePage();
-    if (mark == 0 && node != nullptr && !m_silent)
+    if (isUsers && mark == 0)
         Q_EMIT nodePicked(node);
 }
 
@@ -129,7 +162,7 @@ void SourcePane::pickLine(int line) {
                               QString::fromStdString(range.file->getPath()) == m_filePage->getPath();
         if (isOnLine && dynamic_cast<const Tessel::StatementBase*>(&node) != nullptr &&
             selector().containsNode(&node)) {
-            selector().ensureNodeVisible(&node);
+            reveal(&node);
             selector().setMark(&node, 0);
             return;
         }
@@ -155,15 +188,20 @@ void SourcePane::showInFile(const TesselBase& node) {
     m_filePage->showLine(static_cast<int>(range.beginLine));
 }
 
+std::pair<int, int> SourcePane::linesInView() const {
+    const QFontMetrics metrics(selector().getFont());
+    const int top = selector().verticalScrollBar()->value();
+    const int bottom = top + selector().viewport()->height() - metrics.descent();
+    const int first = top / metrics.height();
+    return {first, std::max(bottom / metrics.height(), first + 1)};
+}
+
 TesselBase* SourcePane::firstNodeInView() const {
     const GUI::SourceText& text = selector().getText();
-    const int height = std::max(QFontMetrics(selector().getFont()).height(), 1);
-    const int first = selector().verticalScrollBar()->value() / height;
-    const int end = std::min(first + selector().viewport()->height() / height + 1, text.getLineCount());
+    const auto [first, end] = linesInView();
     TesselBase* marked = selector().getMark(0);
     const int markedLine = text.findLine(marked);
-    if (markedLine >= first && markedLine < end && selector().isNodeSelected(*marked) &&
-        marked->getSourceRange().file != nullptr)
+    if (markedLine >= first && markedLine < end && m_isSubjectMarked && marked->getSourceRange().file != nullptr)
         return marked;
     for (int line = first; line < text.getLineCount(); ++line)
         for (const GUI::SourceText::Part& part : text.getLine(line))

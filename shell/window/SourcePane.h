@@ -5,6 +5,8 @@
 
 #include <QTabWidget>
 
+#include <utility>
+
 namespace Kova::GUI {
 class SourceSelector;
 class SourceSelectorEx;
@@ -43,16 +45,26 @@ private:
     [[nodiscard]] GUI::SourceSelector& selector() const;
     /// Moves a mark; null takes its colour away.
     void mark(Tessel::TesselBase* node, int mark);
+    /// Moves the marks of what was picked in a view; null takes their colour away.
+    void markPicked(Tessel::TesselBase* node, Tessel::TesselBase* other);
+    /// Gives back to the user's marks what marks with larger numbers had covered.
+    void uncoverMarks();
     void showFileOf(Tessel::TesselBase& node);
+    /// Scrolls until the line of a node is seen whole.
+    void reveal(const Tessel::TesselBase* node);
     void pick(int mark);
     void pickLine(int line);
     void updateFilePage();
     void showInFile(const Tessel::TesselBase& node);
+    /// The first line in view, and the one after the last that is seen whole; one line at least.
+    [[nodiscard]] std::pair<int, int> linesInView() const;
     [[nodiscard]] Tessel::TesselBase* firstNodeInView() const;
 
     GUI::SourceSelectorEx* m_browser;
     SourceFilePage* m_filePage;
     bool m_silent = false;
+    /// Whether mark 0 is seen: it holds its node even when it is not.
+    bool m_isSubjectMarked = false;
 };
 
 } // namespace Kova::Shell

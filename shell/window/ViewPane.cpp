@@ -84,18 +84,25 @@ void ViewPane::connectView(View& view) {
 
 bool ViewPane::eventFilter(QObject* watched, QEvent* event) {
     if (m_view != nullptr && watched == m_view->getWidget().viewport()) {
-        const auto* mouse = static_cast<const QMouseEvent*>(event);
-        if (event->type() == QEvent::MouseButtonPress) {
-            m_pressPosition = mouse->pos();
-            m_pressed = mouse->button() == Qt::LeftButton ? m_view->findAt(mouse->pos()) : Picked();
-        } else if (event->type() == QEvent::MouseButtonRelease && m_pressed.node != nullptr) {
-            const Picked clicked = std::exchange(m_pressed, Picked());
-            // Farther away it was a drag.
-            if ((mouse->pos() - m_pressPosition).manhattanLength() < QApplication::startDragDistance())
-                Q_EMIT picked(clicked);
-        }
+        if (event->type() == QEvent::MouseButtonPress)
+            press(*static_cast<const QMouseEvent*>(event));
+        else if (event->type() == QEvent::MouseButtonRelease)
+            release(*static_cast<const QMouseEvent*>(event));
     }
     return QStackedWidget::eventFilter(watched, event);
+}
+
+void ViewPane::press(const QMouseEvent& event) {
+    m_pressPosition = event.pos();
+    m_pressed = event.button() == Qt::LeftButton ? m_view->findAt(event.pos()) : Picked();
+}
+
+// Farther away it was a drag.
+void ViewPane::release(const QMouseEvent& event) {
+    const Picked clicked = std::exchange(m_pressed, Picked());
+    const bool isNear = (event.pos() - m_pressPosition).manhattanLength() < QApplication::startDragDistance();
+    if (clicked.node != nullptr && isNear)
+        Q_EMIT picked(clicked);
 }
 
 GUI::GraphWidgetBase* ViewPane::getWidget() const {

@@ -57,6 +57,8 @@ protected:
 
 private:
     void connectView(View& view);
+    void press(const QMouseEvent& event);
+    void release(const QMouseEvent& event);
     View& obtainView(const ViewKind& kind);
     void zoomTo(double scale);
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/AccessRecorder_p.h"
 #include "environment/analyses/lamport/PlaceReader_p.h"
+#include "environment/tessel/ForStatement.h"
 #include "environment/tessel/GotoStatement.h"
 #include "environment/tessel/SubscriptExpression.h"
 #include "environment/tessel/UnaryExpression.h"
 #include "environment/tessel/VariableReference.h"
-#include "environment/tessel/ForStatement.h"
 #include "tests/dependences/FirstBody.h"
 
 #include <gtest/gtest.h>

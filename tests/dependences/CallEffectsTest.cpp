@@ -81,11 +81,14 @@ TEST(CallEffects, OfPureAndSystemSubroutinesAreNone) {
                               call + "; }");
         EXPECT_FALSE(effects.mayWrite("N")) << call;
     }
-    const Effects calledBack("#include <stdlib.h>\n" + globals + "int c(const void *, const void *);\n"
-                                                                 "void f(int *a) { qsort(a, 3, 4, c); }");
+    const Effects calledBack("#include <stdlib.h>\n" + globals +
+                             "int c(const void *, const void *);\n"
+                             "void f(int *a) { qsort(a, 3, 4, c); }");
     EXPECT_TRUE(calledBack.mayWrite("N"));
     const Effects likeNamed(globals + "int pure(void);\nvoid f(void) { pure(); }");
     EXPECT_TRUE(likeNamed.mayWrite("N"));
+    const Effects beforeMain(globals + "void g(void) __attribute__((constructor));\nvoid f(void) { g(); }");
+    EXPECT_TRUE(beforeMain.mayWrite("N"));
 }
 
 TEST(CallEffects, ThroughFunctionPointersMayBeAnything) {

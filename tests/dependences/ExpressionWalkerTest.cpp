@@ -21,9 +21,7 @@ public:
     void read(const Place& place) override { say("r", place); }
     void write(const Place& place) override { say("w", place); }
     void followPointer(const Place& pointer) override { say("f", pointer); }
-    void call(const SubroutineCallExpression& call) override {
-        add("call" + std::to_string(call.getArgumentCount()));
-    }
+    void call(const SubroutineCallExpression& call) override { add("call" + std::to_string(call.getArgumentCount())); }
     void enterIf(const ExpressionBase& /*condition*/, bool value) override { add(value ? "if(" : "else("); }
     void leaveIf() override { add(")"); }
     void enterBlock(BlockStatement& block) override { add("block" + std::to_string(block.getChildCount())); }

@@ -15,9 +15,8 @@ namespace {
 class HeardLines {
 public:
     HeardLines() {
-        setConsoleFactory([this](const std::string& /*tag*/, bool /*flag*/) {
-            return std::make_unique<Listener>(lines);
-        });
+        setConsoleFactory(
+            [this](const std::string& /*tag*/, bool /*flag*/) { return std::make_unique<Listener>(lines); });
     }
     ~HeardLines() { setConsoleFactory({}); }
     HeardLines(const HeardLines&) = delete;
@@ -71,9 +70,8 @@ TEST(ManyDependences, AreRatherNotShownThanInPart) {
     ReadGraph graph(repeat("x = x + 1;", 600), DepGraph::RM_EXACT, true);
     EXPECT_EQ(graph.getGraph().getArrows().size(), 0u);
     EXPECT_EQ(graph.getGraph().getLeftOut(), LamportGraph::LeftOut::Everything);
-    EXPECT_EQ(heard.lines,
-              std::vector<std::string>{
-                  "2 The block has more than 300000 dependences: none is shown. Choose a smaller block."});
+    EXPECT_EQ(heard.lines, std::vector<std::string>{
+                               "2 The block has more than 300000 dependences: none is shown. Choose a smaller block."});
     // The next graph starts anew.
     graph.getGraph().Build(graph.getBody(), DepGraph::BP_DEFAULT, true);
     graph.getGraph().Clear();

@@ -174,6 +174,11 @@ TEST(LanguageRoundTripTest, oldPrograms) {
 
 TEST(LanguageRoundTripTest, waysThatCompilersChoose) {
     EXPECT_TRUE(textSurvivesRoundTrip(
+        program("#if __GNUC__ < 7\n# define FALL_THROUGH\n#else\n# define FALL_THROUGH __attribute__((fallthrough));\n"
+                "#endif\nint inBraces(int x) { switch (x) { case 1: { x++; /* no break */ FALL_THROUGH } case 2: { { "
+                "if (x > 1) x++; FALL_THROUGH } } default: return x; } }",
+                "printf(\"%d\\n\", inBraces(1));")));
+    EXPECT_TRUE(textSurvivesRoundTrip(
         program("#if __GNUC__ < 7\n# define FALLTHROUGH ((void) 0)\n#else\n"
                 "# define FALLTHROUGH __attribute__ ((__fallthrough__))\n#endif\n"
                 "static int way(int x) { switch (x) { case 1: { x++; FALLTHROUGH; } case 2: x++; FALLTHROUGH; default: "
@@ -194,24 +199,26 @@ TEST(LanguageRoundTripTest, namesThatAreMacrosOfTheSystems) {
     EXPECT_TRUE(textSurvivesRoundTrip(
         "#include <ctype.h>\n#include <obstack.h>\n#include <stdlib.h>\n#define obstack_chunk_alloc malloc\n"
         "#define obstack_chunk_free free\n#undef isdigit\n#undef linux\n#undef EOF\n#define EOF -7\n" +
-        program("struct ops { int (*isdigit)(int); }; static int linux = 4; int (isalpha)(int c) { return c == 'q'; }\n"
-                "int isdigit(int c) { return c == '5'; } static int (*pointer)(int) = isalpha; "
-                "struct more { int (*isupper)(int); };",
-                "struct ops o = { isdigit }; struct obstack pool; obstack_init(&pool); obstack_grow0(&pool, \"ab\", 2);\n"
-                "struct more m = { pointer }, *p = &m; int (*islower)(int) = pointer; "
-                "printf(\"%d\\n\", (p->isupper)('q') + (islower)('q'));\n"
-                "puts(obstack_finish(&pool)); obstack_free(&pool, NULL);\n"
-                "printf(\"%d %d %d %d %d %d\\n\", (isalpha)('q'), (isalpha)('a'), isdigit('5'), o.isdigit('6'), linux, "
-                "pointer('q') + EOF);")));
+        program(
+            "struct ops { int (*isdigit)(int); }; static int linux = 4; int (isalpha)(int c) { return c == 'q'; }\n"
+            "int isdigit(int c) { return c == '5'; } static int (*pointer)(int) = isalpha; "
+            "struct more { int (*isupper)(int); };",
+            "struct ops o = { isdigit }; struct obstack pool; obstack_init(&pool); obstack_grow0(&pool, \"ab\", 2);\n"
+            "struct more m = { pointer }, *p = &m; int (*islower)(int) = pointer; "
+            "printf(\"%d\\n\", (p->isupper)('q') + (islower)('q'));\n"
+            "puts(obstack_finish(&pool)); obstack_free(&pool, NULL);\n"
+            "printf(\"%d %d %d %d %d %d\\n\", (isalpha)('q'), (isalpha)('a'), isdigit('5'), o.isdigit('6'), linux, "
+            "pointer('q') + EOF);")));
 }
 
 TEST(LanguageRoundTripTest, vectorsOfTheProcessor) {
     EXPECT_TRUE(textSurvivesRoundTrip(
         "#if defined(__SSE2__)\n#include <emmintrin.h>\n#endif\n" +
-        program("", "#if defined(__SSE2__)\n__m128i m = _mm_set_epi32(1, 2, 3, 4), s = _mm_shuffle_epi32(m, "
-                    "_MM_SHUFFLE(0, 1, 2, 3));\nint w[4]; m = _mm_slli_si128(s, 4);\n"
-                    "_mm_storeu_si128((__m128i *) w, m); printf(\"%d %d %d\\n\", w[1], w[2], _mm_extract_epi16(s, 2));\n"
-                    "#endif")));
+        program("",
+                "#if defined(__SSE2__)\n__m128i m = _mm_set_epi32(1, 2, 3, 4), s = _mm_shuffle_epi32(m, "
+                "_MM_SHUFFLE(0, 1, 2, 3));\nint w[4]; m = _mm_slli_si128(s, 4);\n"
+                "_mm_storeu_si128((__m128i *) w, m); printf(\"%d %d %d\\n\", w[1], w[2], _mm_extract_epi16(s, 2));\n"
+                "#endif")));
 }
 
 TEST(LanguageRoundTripTest, unnamedTypesInsideOfExpressions) {
@@ -239,15 +246,30 @@ TEST(LanguageRoundTripTest, warningsThatSystemHeadersKeepBack) {
 }
 
 TEST(LanguageRoundTripTest, addressesInsideOfPackedStructures) {
+    EXPECT_TRUE(textSurvivesRoundTrip(program(
+        "#pragma pack(push, 1)\nstruct s { char c; int i; unsigned a : 3, b : 30; struct { short h; long l; } in; };\n"
+        "static struct { char c; long l; } unnamed;\ntypedef union { char c[3]; int i; } either;\n#pragma pack(pop)\n"
+        "struct mixed { char c;\n#pragma pack(2)\nstruct { char c; int i; } in;\n#pragma pack()\nint i; };",
+        "#pragma pack(2)\nstruct local { char c; long l; } l = { 1, 2 };\n#pragma pack()\n"
+        "struct s v = { 1, 2, 3, 4, { 5, 6 } }; int *p = &v.i; long *q = &v.in.l, *r = &unnamed.l; *r = 3;\n"
+        "printf(\"%d %ld %ld %ld %d\\n\", *p, *q, *r, l.l, (int) v.b);\n"
+        "printf(\"%d %d %d %d %d %d\\n\", (int) sizeof v, (int) sizeof unnamed, (int) sizeof(either), (int) sizeof l, "
+        "(int) sizeof(struct mixed), (int) _Alignof(struct s));")));
+}
+
+TEST(LanguageRoundTripTest, listsOfArgumentsInTypesOfFunctions) {
+    EXPECT_EQ(
+        printed("#include <stdarg.h>\nextern int (*f)(const char *, va_list);\nint g(int (*)(__builtin_va_list));\n"),
+        "#include <stdarg.h>\n\nextern int (*f)(const char *, va_list);\n\nint g(int (*)(__builtin_va_list));\n");
     EXPECT_TRUE(textSurvivesRoundTrip(
-        program("#pragma pack(push, 1)\nstruct s { char c; int i; unsigned a : 3, b : 30; struct { short h; long l; } in; };\n"
-                "static struct { char c; long l; } unnamed;\ntypedef union { char c[3]; int i; } either;\n#pragma pack(pop)\n"
-                "struct mixed { char c;\n#pragma pack(2)\nstruct { char c; int i; } in;\n#pragma pack()\nint i; };",
-                "#pragma pack(2)\nstruct local { char c; long l; } l = { 1, 2 };\n#pragma pack()\n"
-                "struct s v = { 1, 2, 3, 4, { 5, 6 } }; int *p = &v.i; long *q = &v.in.l, *r = &unnamed.l; *r = 3;\n"
-                "printf(\"%d %ld %ld %ld %d\\n\", *p, *q, *r, l.l, (int) v.b);\n"
-                "printf(\"%d %d %d %d %d %d\\n\", (int) sizeof v, (int) sizeof unnamed, (int) sizeof(either), (int) sizeof l, "
-                "(int) sizeof(struct mixed), (int) _Alignof(struct s));")));
+        "#include <stdarg.h>\n" +
+        program("typedef int show(const char *, va_list); struct ops { int (*show)(const char *, va_list); show "
+                "*again; };\n"
+                "static int twice(const struct ops *o, const char *f, ...) { va_list l, *p = &l, copy; va_start(l, f); "
+                "va_copy(copy, *p);\n"
+                "int n = o->show(f, l) + o->again(f, copy); va_end(l); va_end(copy); __auto_type q = copy; (void) q; "
+                "return n; }",
+                "struct ops o = { vprintf, vprintf }; return twice(&o, \"%d %s\\n\", 3, \"a\") == 8;")));
 }
 
 } // namespace Kova::Test

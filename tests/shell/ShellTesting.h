@@ -59,23 +59,23 @@ inline constexpr auto callInALoop = "static int leaf(int x) { return x; }\n"
                                     "}\n";
 
 /// A procedure `f` with a block of each kind, two without braces, and an empty one.
-inline constexpr auto blocksOfAllKinds = "int f(int n) {\n"                      // 1
-                                         "    for (int i = 0; i < n; ++i) {\n"   // 2
-                                         "        if (n)\n"                      // 3
-                                         "            --n;\n"                    // 4
-                                         "        else {\n"                      // 5
-                                         "            ++n;\n"                    // 6
-                                         "        }\n"                           // 7
-                                         "    }\n"                               // 8
-                                         "    {\n"                               // 9
-                                         "        n = 2;\n"                      // 10
-                                         "    }\n"                               // 11
-                                         "    if (n) {\n"                        // 12
-                                         "        while (n) n--;\n"              // 13
-                                         "    }\n"                               // 14
-                                         "    {}\n"                              // 15
-                                         "    return n;\n"                       // 16
-                                         "}\n";                                  // 17
+inline constexpr auto blocksOfAllKinds = "int f(int n) {\n"                    // 1
+                                         "    for (int i = 0; i < n; ++i) {\n" // 2
+                                         "        if (n)\n"                    // 3
+                                         "            --n;\n"                  // 4
+                                         "        else {\n"                    // 5
+                                         "            ++n;\n"                  // 6
+                                         "        }\n"                         // 7
+                                         "    }\n"                             // 8
+                                         "    {\n"                             // 9
+                                         "        n = 2;\n"                    // 10
+                                         "    }\n"                             // 11
+                                         "    if (n) {\n"                      // 12
+                                         "        while (n) n--;\n"            // 13
+                                         "    }\n"                             // 14
+                                         "    {}\n"                            // 15
+                                         "    return n;\n"                     // 16
+                                         "}\n";                                // 17
 
 /// A procedure `f` with a flow and an anti dependence, and with the input dependence of the bound on itself.
 inline constexpr auto threeDependences = "void f(double a[100], double b[100], int n) {\n" // 1

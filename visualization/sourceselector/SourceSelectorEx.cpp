@@ -21,6 +21,9 @@ namespace {
 using Tessel::SubroutineDeclaration;
 using Tessel::TesselBase;
 
+/// In characters: narrower, the list would cut most names.
+constexpr int readableNameLength = 16;
+
 bool canGoUp(const TesselBase* root) {
     return root != nullptr && dynamic_cast<const Tessel::TranslationUnit*>(root) == nullptr &&
            root->getParent() != nullptr;
@@ -38,7 +41,10 @@ SourceSelectorEx::SourceSelectorEx(SourceSelector* selector, QWidget* parent)
     createMenu();
     createButtons();
     m_list->setEnabled(false);
+    m_list->setMinimumContentsLength(readableNameLength);
     connect(m_list, qOverload<int>(&QComboBox::currentIndexChanged), this, &SourceSelectorEx::subroutineSelected);
+    // The current one chosen once more.
+    connect(m_list, qOverload<int>(&QComboBox::activated), this, &SourceSelectorEx::subroutineSelected);
     arrange();
 }
 

@@ -10,6 +10,9 @@ namespace Kova::GUI {
 class SourceSelectorOutput final : public Shared::IProgramOutputStream {
 public:
     explicit SourceSelectorOutput(SourceText& text) : m_text(text) {}
+    ~SourceSelectorOutput() { m_text.numberNodes(); }
+    SourceSelectorOutput(const SourceSelectorOutput&) = delete;
+    SourceSelectorOutput& operator=(const SourceSelectorOutput&) = delete;
 
     void write(const char* text, Tessel::TesselBase& node) override { m_text.createPart(text, node); }
     void writeNewLine(const char* text, Tessel::TesselBase& node) override {

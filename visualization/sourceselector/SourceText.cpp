@@ -12,13 +12,21 @@ void SourceText::openLine() {
 void SourceText::createPart(const char* text, Tessel::TesselBase& node) {
     if (m_lineBegins.empty())
         openLine();
-    // Neighbouring parts often are one node's.
-    if (m_parts.isEmpty() || m_parts.constLast().node != &node) {
-        const int number = m_nodes->insert(&node);
-        if (number == m_firstLines.size())
-            m_firstLines.append(getLineCount() - 1);
-    }
     m_parts.append({m_texts.toString(text), &node});
+}
+
+void SourceText::numberNodes() {
+    const Tessel::TesselBase* last = nullptr;
+    for (int line = 0; line < getLineCount(); ++line) {
+        for (const Part& part : getLine(line)) {
+            // Neighbouring parts often are one node's.
+            if (part.node == last)
+                continue;
+            last = part.node;
+            if (m_nodes->insert(last) == m_firstLines.size())
+                m_firstLines.append(line);
+        }
+    }
 }
 
 SourceText::Line SourceText::getLine(int index) const {

@@ -42,6 +42,10 @@ public:
     /// @param text UTF-8.
     void createPart(const char* text, Tessel::TesselBase& node);
 
+    /// To be called once all is written: until then no node is known. All of them in one go take less time than each in
+    /// the middle of the printer's work.
+    void numberNodes();
+
     [[nodiscard]] int getLineCount() const { return m_lineBegins.size(); }
     /// @param index in [0, getLineCount()).
     [[nodiscard]] Line getLine(int index) const;

@@ -66,9 +66,9 @@ TEST_F(CUnitPiecesTest, WritesPackedStructuresBetweenPragmas) {
     const Type* type = types.declared(*unnamed);
     unit.append(std::move(unnamed));
     unit.append(variable("u", type));
-    EXPECT_EQ(printed(unit), (Lines{"#pragma pack(push, 2)", "struct s", "{", "    int x;", "};", "#pragma pack(pop)",
-                                    "", "int v;", "", "#pragma pack(push, 1)", "struct", "{", "    int x;", "} u;",
-                                    "#pragma pack(pop)"}));
+    EXPECT_EQ(printed(unit),
+              (Lines{"#pragma pack(push, 2)", "struct s", "{", "    int x;", "};", "#pragma pack(pop)", "", "int v;",
+                     "", "#pragma pack(push, 1)", "struct", "{", "    int x;", "} u;", "#pragma pack(pop)"}));
 }
 
 TEST_F(CUnitPiecesTest, PacksInsideOnlyWhatIsPackedOtherwise) {

@@ -191,7 +191,7 @@ TEST_F(OutToCTest, AsksForSizes) {
     EXPECT_EQ(print(unary(U::Minus, sizeOfInt())), "-sizeof (int)");
     EXPECT_EQ(print(std::make_unique<TypeQueryExpression>(TypeQueryExpression::Query::AlignOf, intType)),
               "_Alignof (int)");
-    EXPECT_EQ(print(std::make_unique<TypeQueryExpression>(TypeQueryExpression::Query::AlignOf, a())), "_Alignof a");
+    EXPECT_EQ(print(std::make_unique<TypeQueryExpression>(TypeQueryExpression::Query::AlignOf, a())), "__alignof__ a");
 }
 
 TEST_F(OutToCTest, Initializes) {

@@ -116,10 +116,10 @@ TEST(DeclarationTableTest, typesDeclaredInOddPlacesStandBeforeTheirUse) {
 }
 
 TEST(DeclarationTableTest, typesInsideAnInitializerStandBeforeTheVariable) {
-    EXPECT_EQ(
-        Reading("unsigned v = sizeof(struct s { int a; }), w = sizeof(enum e { E });\nstruct s x;\nint y = E;\n").tree(),
-        "struct s\n  field a int\nvariable v unsigned int = (sizeof <struct s>)\nenum e\n  enumerator E 0\n"
-        "variable w unsigned int = (sizeof <enum e>)\nvariable x struct s\nvariable y int = #E\n");
+    EXPECT_EQ(Reading("unsigned v = sizeof(struct s { int a; }), w = sizeof(enum e { E });\nstruct s x;\nint y = E;\n")
+                  .tree(),
+              "struct s\n  field a int\nvariable v unsigned int = (sizeof <struct s>)\nenum e\n  enumerator E 0\n"
+              "variable w unsigned int = (sizeof <enum e>)\nvariable x struct s\nvariable y int = #E\n");
     EXPECT_EQ(Reading("#define SIZE sizeof(union { int i; })\nunsigned long v = SIZE;\n").tree(),
               "union \n  field i int\nvariable v unsigned long = (sizeof <union <unnamed>>)\n");
 }

@@ -64,14 +64,16 @@ TEST(IncludeRecorderTest, aUsersHeaderThatClaimsToBeTheSystemsIsTheUsers) {
 }
 
 TEST(IncludeRecorderTest, whatTheProgramUndefinesForGood) {
-    const Reading reading("#undef linux\n#include <ctype.h>\n#include <stdio.h>\n#undef isalpha\n#undef EOF\n"
-                          "#define EOF -2\n#undef isdigit\n#include \"own.h\"\n#undef OWN\n#undef NEVER\n#undef isalpha\n"
-                          "#undef OUTSIDE\nint a;\n",
-                          Headers{{"own.h", "#define OWN 1\n#undef BUFSIZ\n"}}, {{}, {"OUTSIDE"}, ""});
+    const Reading reading(
+        "#undef linux\n#include <ctype.h>\n#include <stdio.h>\n#undef isalpha\n#undef EOF\n"
+        "#define EOF -2\n#undef isdigit\n#include \"own.h\"\n#undef OWN\n#undef NEVER\n#undef isalpha\n"
+        "#undef OUTSIDE\nint a;\n",
+        Headers{{"own.h", "#define OWN 1\n#undef BUFSIZ\n"}}, {{}, {"OUTSIDE"}, ""});
     ASSERT_EQ(reading.result, CFrontend::Result::Complete);
     EXPECT_EQ(reading.unit().getSystemUndefinitions(),
               (Texts{"linux", "isalpha", "EOF", "isdigit", "BUFSIZ", "OUTSIDE"}));
-    EXPECT_TRUE(Reading("#include <assert.h>\n#undef assert\n#include <assert.h>\n").unit().getSystemUndefinitions().empty());
+    EXPECT_TRUE(
+        Reading("#include <assert.h>\n#undef assert\n#include <assert.h>\n").unit().getSystemUndefinitions().empty());
 }
 
 TEST(IncludeRecorderTest, whatStandsBesideAHeaderWithAClaimIsTheUsersToo) {

@@ -125,9 +125,10 @@ TEST(KeptTextTest, renderedTextIsInWordsOfEveryDialect) {
     const std::string declarations = "#define SELF(e) __typeof__(*e)\nstruct s { int m[9]; } *e; int i, asmtypeof;";
     EXPECT_EQ(keptIn("i = __builtin_offsetof(SELF(e), m[i]);", declarations),
               "__builtin_offsetof(__typeof__ (*e), m[i]) {i|i}\n");
-    EXPECT_EQ(keptIn("i = __builtin_choose_expr(sizeof(SELF(e)), asmtypeof, \"typeof\"[i]);", declarations),
-              "__builtin_choose_expr(sizeof(__typeof__ (*e)), asmtypeof, \"typeof\"[i]) {sizeof(__typeof__ (*e))|(sizeof "
-              "<struct s>)} {asmtypeof|asmtypeof} {\"typeof\"[i]|([] \"typeof\" i)}\n");
+    EXPECT_EQ(
+        keptIn("i = __builtin_choose_expr(sizeof(SELF(e)), asmtypeof, \"typeof\"[i]);", declarations),
+        "__builtin_choose_expr(sizeof(__typeof__ (*e)), asmtypeof, \"typeof\"[i]) {sizeof(__typeof__ (*e))|(sizeof "
+        "<struct s>)} {asmtypeof|asmtypeof} {\"typeof\"[i]|([] \"typeof\" i)}\n");
 }
 
 } // namespace Kova::Frontends

@@ -2,6 +2,7 @@
 #include "shell/views/DependenceTable.h"
 
 #include <QAbstractItemModelTester>
+#include <QHeaderView>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -43,6 +44,9 @@ private Q_SLOTS:
     void pickedRowsAreToldByTheirNumbers();
     void selectingByProgramTellsNobody();
     void clicksPickRows();
+    void columnsAreAsWideAsTheirTexts();
+    void titlesSort();
+    void selectedRowsAreScrolledTo();
 
 private:
     [[nodiscard]] QStringList column(int number) const;
@@ -107,6 +111,14 @@ void DependenceTableTest::inThePicturesOrderAtFirst() {
 void DependenceTableTest::linesAreSortedAsNumbers() {
     m_table->sortByColumn(DependenceTableModel::FromColumn, Qt::AscendingOrder);
     QCOMPARE(column(DependenceTableModel::FromColumn), QStringList({"9", "10", "100"}));
+    // What is not known goes first.
+    m_table->sortByColumn(DependenceTableModel::ToColumn, Qt::AscendingOrder);
+    QCOMPARE(column(DependenceTableModel::ToColumn), QStringList({"?", "9", "10"}));
+    for (int i = 0; i < DependenceTableModel::ColumnCount; ++i) {
+        const bool isLine = i == DependenceTableModel::FromColumn || i == DependenceTableModel::ToColumn;
+        const QVariant alignment = m_table->model()->index(0, i).data(Qt::TextAlignmentRole);
+        QCOMPARE((alignment.toInt() & Qt::AlignRight) != 0, isLine);
+    }
     m_table->sortByColumn(DependenceTableModel::VariableColumn, Qt::DescendingOrder);
     QCOMPARE(column(DependenceTableModel::VariableColumn), QStringList({"c", "b", "a"}));
 }
@@ -189,6 +201,45 @@ void DependenceTableTest::clicksPickRows() {
     QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
     QCOMPARE(picked.size(), 1);
     QCOMPARE(picked[0][0].toInt(), 1);
+    // One at a time: there is one arrow to show.
+    const QRect next = m_table->visualRect(m_table->model()->index(2, 3));
+    QTest::mouseClick(m_table->viewport(), Qt::LeftButton, Qt::ControlModifier, next.center());
+    QCOMPARE(picked.last()[0].toInt(), 2);
+    QCOMPARE(m_table->selectionModel()->selectedRows().size(), 1);
+}
+
+void DependenceTableTest::columnsAreAsWideAsTheirTexts() {
+    const QString name(60, 'm');
+    m_table->setRecords({record("flow", name, 1, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15})});
+    for (int i = 0; i < DependenceTableModel::ColumnCount; ++i) {
+        const QString text = m_table->model()->index(0, i).data().toString();
+        QVERIFY2(m_table->columnWidth(i) > m_table->fontMetrics().horizontalAdvance(text), qPrintable(text));
+    }
+}
+
+void DependenceTableTest::titlesSort() {
+    QHeaderView* titles = m_table->horizontalHeader();
+    const int from = DependenceTableModel::FromColumn;
+    const QPoint title(titles->sectionViewportPosition(from) + titles->sectionSize(from) / 2, titles->height() / 2);
+    const QStringList ascending = {"9", "10", "100"};
+    const QStringList descending = {"100", "10", "9"};
+    QTest::mouseClick(titles->viewport(), Qt::LeftButton, Qt::NoModifier, title);
+    const QStringList first = column(from);
+    QVERIFY(first == ascending || first == descending);
+    QTest::mouseClick(titles->viewport(), Qt::LeftButton, Qt::NoModifier, title);
+    QCOMPARE(column(from), first == ascending ? descending : ascending);
+}
+
+void DependenceTableTest::selectedRowsAreScrolledTo() {
+    std::vector<DependenceRecord> records;
+    for (int i = 0; i < 200; ++i)
+        records.push_back(record("flow", "a", i + 1, i + 1, {1}));
+    m_table->setRecords(std::move(records));
+    for (const int number : {199, 0, 100}) {
+        m_table->selectRecord(number);
+        const QRect row = m_table->visualRect(m_table->model()->index(number, 0));
+        QVERIFY(m_table->viewport()->rect().contains(row.center()));
+    }
 }
 
 } // namespace Kova::Shell

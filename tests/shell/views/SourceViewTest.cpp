@@ -64,6 +64,7 @@ private Q_SLOTS:
     void thePictureHasItsMarks();
     void onScreenAsExported();
     void placesAreNodes();
+    void placesBelowManyDeclarations();
     void whatIsWorthAPicture();
     void clearedViewIsEmpty();
     void summaries();
@@ -181,6 +182,24 @@ void SourceViewTest::placesAreNodes() {
     QCOMPARE(m_view->findAt(first).node, find({QString(), 10}).getNode());
     QCOMPARE(m_view->findAt(first).other, nullptr);
     QCOMPARE(m_view->findAt(QPoint(4, 5000)).node, nullptr);
+}
+
+// The first subroutine is far below what a selector shows without scrolling.
+void SourceViewTest::placesBelowManyDeclarations() {
+    QByteArray text;
+    for (int i = 0; i < 200; ++i)
+        text += "typedef int word" + QByteArray::number(i) + ";\n";
+    m_program = Testing::readProgram({m_folder.write("b.c", text + "int last(void) { return 1; }\n")});
+    m_view->show(find({}));
+    const QStringList lines = linesOf(m_view->describe());
+    const int declaration = lines.indexOf("    typedef int word7;");
+    QVERIFY(declaration >= 0);
+    const QFontMetrics metrics(QFont("Monospace", 10));
+    m_view->getWidget().resize(400, 100 * metrics.height());
+    const Tessel::TesselBase* node =
+        m_view->findAt({4, declaration * metrics.height() + metrics.descent() + 3}).node;
+    QVERIFY(node != nullptr);
+    QCOMPARE(node->getSourceRange().beginLine, 8U);
 }
 
 void SourceViewTest::whatIsWorthAPicture() {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The table of dependences beside the picture, in the window.
 #include "shell/views/DependenceTable.h"
-
 #include "shell/window/MainWindow.h"
 #include "shell/window/ProgramTree.h"
 #include "shell/window/ViewPane.h"
@@ -181,9 +180,9 @@ void DependencePanelTest::aHoveredArrowSelectsItsRow() {
 
 void DependencePanelTest::sortedRowsStillKnowTheirArrows() {
     start(Testing::threeDependences, "lamport-dependences");
-    QTest::mouseClick(table().horizontalHeader()->viewport(), Qt::LeftButton, {},
-                      QPoint(table().horizontalHeader()->sectionViewportPosition(DependenceTableModel::KindColumn) + 5,
-                             5));
+    QTest::mouseClick(
+        table().horizontalHeader()->viewport(), Qt::LeftButton, {},
+        QPoint(table().horizontalHeader()->sectionViewportPosition(DependenceTableModel::KindColumn) + 5, 5));
     QCOMPARE(column(DependenceTableModel::KindColumn), QStringList({"anti", "flow", "input"}));
     table().selectRow(0);
     QCOMPARE(picture().getSelectedEdge(), 2);

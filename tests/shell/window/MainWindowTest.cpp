@@ -56,6 +56,7 @@ private Q_SLOTS:
     void opensAndShowsTheProgram();
     void startTakesViewFunctionAndLine();
     void startWithoutSuchASubroutine();
+    void startWithoutAnySubroutine();
     void pickingInTheTreeShowsIt();
     void failedOpenLeavesTheOldProgram();
     void partlyReadFilesAreShownWithTheirErrors();
@@ -166,6 +167,16 @@ void MainWindowTest::startWithoutSuchASubroutine() {
     options.files = QStringList(m_folder->write("a.c", source));
     options.subject.function = "nowhere";
     QVERIFY(m_window->start(options) == WrongUsage);
+}
+
+// A program without subroutines has nothing for a view of blocks, and the window stays open.
+void MainWindowTest::startWithoutAnySubroutine() {
+    Options options;
+    options.view = "lamport-dependences";
+    options.files = QStringList(m_folder->write("a.c", "int x;\n"));
+    QVERIFY(m_window->start(options) == Done);
+    QCOMPARE(field("subject").text(), QString());
+    QCOMPARE(m_window->windowTitle(), QString("a.c - Kova"));
 }
 
 void MainWindowTest::pickingInTheTreeShowsIt() {

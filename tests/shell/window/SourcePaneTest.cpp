@@ -43,12 +43,16 @@ private Q_SLOTS:
     void isEmptyAtFirst();
     void aProgramShowsItsFirstFile();
     void aSubjectIsMarkedAndScrolledTo();
+    void subjectsAreSeenWhole();
+    void aHighPaneShowsAllLinesInIt();
     void subjectsOfOtherFiles();
     void aPartOfAFileStaysWhileItHoldsTheSubject();
     void showingIsNoPicking();
     void clickingPicks();
     void otherMarksPickNothing();
     void pickedInAView();
+    void picksLeaveNoHoles();
+    void aClickIsSeenWhereAPickWas();
     void theFilePageFollows();
     void theFilePageFollowsScrolling();
     void clickingALineOfTheFilePicks();
@@ -129,6 +133,46 @@ void SourcePaneTest::aSubjectIsMarkedAndScrolledTo() {
     QVERIFY(selector().isNodeSelected(*subject.getNode()));
 }
 
+// Each statement of the text in turn, from the top of the text.
+void SourcePaneTest::subjectsAreSeenWhole() {
+    m_pane->showSubject(program());
+    const QFontMetrics metrics(selector().getFont());
+    int moved = 0;
+    for (int line = 3; line <= 70; ++line) {
+        const Subject subject = subjectAt(line);
+        if (!selector().containsNode(subject.getNode()))
+            continue;
+        selector().verticalScrollBar()->setValue(0);
+        m_pane->showSubject(subject);
+        const int scrolled = selector().verticalScrollBar()->value();
+        const int top = selector().getText().findLine(subject.getNode()) * metrics.height() - scrolled;
+        QVERIFY(top >= 0);
+        QVERIFY(top + metrics.height() + metrics.descent() <= selector().viewport()->height());
+        moved += scrolled > 0 ? 1 : 0;
+    }
+    QVERIFY(moved > 0);
+}
+
+void SourcePaneTest::aHighPaneShowsAllLinesInIt() {
+    m_pane->resize(150, 700);
+    m_pane->showSubject(program());
+    const int height = QFontMetrics(selector().getFont()).height();
+    const QImage picture = selector().viewport()->grab().toImage();
+    const QRgb ground = selector().palette().color(QPalette::Base).rgb();
+    QVERIFY(picture.height() > 2 * picture.width());
+    // Every line of the program has something in it.
+    for (int top = 0; top + height <= picture.height(); top += height) {
+        int ink = 0;
+        for (int y = top; y < top + height; ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                ink += picture.pixel(x, y) != ground ? 1 : 0;
+        QVERIFY2(ink > 0, qPrintable(QString::number(top / height)));
+    }
+    // A part of the picture is drawn as the whole is.
+    const QRect part(0, 300, picture.width(), 50);
+    QCOMPARE(selector().viewport()->grab(part).toImage(), picture.copy(part));
+}
+
 void SourcePaneTest::subjectsOfOtherFiles() {
     m_pane->showSubject(subjectAt(5));
     const Subject other = SubjectFinder(m_program).find({"other", {}}, {}).subject;
@@ -198,6 +242,45 @@ void SourcePaneTest::pickedInAView() {
     m_pane->showPicked(other, nullptr);
     QCOMPARE(m_pane->getBrowser().getRootNode(), m_program.getUnit().getTranslationUnit(1));
     QVERIFY(selector().isNodeSelected(*other));
+}
+
+// A loop is the subject, and its parts are picked one after the other.
+void SourcePaneTest::picksLeaveNoHoles() {
+    const Subject loop = subjectAt(4);
+    TesselBase* body = subjectAt(5).getNode();
+    m_pane->showSubject(loop);
+    m_pane->showPicked(body, nullptr);
+    m_pane->showPicked(nullptr, body);
+    m_pane->showPicked(nullptr, nullptr);
+    QVERIFY(selector().isNodeSelected(*body));
+    selector().clearSelection(2);
+    QVERIFY(!selector().isNodeSelected(*body));
+    // The program as a whole has no mark, and gets none back.
+    m_pane->showSubject(loop);
+    m_pane->showSubject(program());
+    m_pane->showPicked(body, nullptr);
+    m_pane->showPicked(nullptr, nullptr);
+    QVERIFY(!selector().isNodeSelected(*body));
+    QVERIFY(!selector().isNodeSelected(*loop.getNode()));
+}
+
+void SourcePaneTest::aClickIsSeenWhereAPickWas() {
+    TesselBase* subroutine = SubjectFinder(m_program).find({"f0", {}}, {}).subject.getNode();
+    TesselBase* loop = subjectAt(4).getNode();
+    m_pane->showSubject(program());
+    m_pane->showPicked(subroutine, nullptr);
+    click(*loop);
+    QCOMPARE(selector().getMark(0), loop);
+    QVERIFY(selector().isNodeSelected(*loop));
+    QVERIFY(!selector().isNodeSelected(*subroutine));
+    selector().clearSelection(2);
+    QVERIFY(!selector().isNodeSelected(*loop));
+    // The other marks likewise.
+    m_pane->showPicked(subroutine, nullptr);
+    click(*loop, Qt::RightButton);
+    QVERIFY(selector().isNodeSelected(*loop));
+    QVERIFY(!selector().isNodeSelected(*subroutine));
+    QCOMPARE(m_picks, QList<TesselBase*>({loop}));
 }
 
 void SourcePaneTest::theFilePageFollows() {

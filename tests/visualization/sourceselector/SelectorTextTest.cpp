@@ -90,12 +90,14 @@ void SelectorTextTest::linesOfNodesAreThoseOfTheirFirstParts() {
     const ExpressionPtr third = Kova::Tests::literal("3");
     PieceTexts pieces;
     SourceText text(pieces);
-    SourceSelectorOutput output(text);
-    output.writeNewLine("x", *first);
-    output.writeNewLine("x", *first);
-    output.write("x", *second);
-    output.writeNewLine("x", *first);
-    output.write("x", *second);
+    {
+        SourceSelectorOutput output(text);
+        output.writeNewLine("x", *first);
+        output.writeNewLine("x", *first);
+        output.write("x", *second);
+        output.writeNewLine("x", *first);
+        output.write("x", *second);
+    }
     QCOMPARE(text.findLine(first.get()), 0);
     QCOMPARE(text.findLine(second.get()), 1);
     QCOMPARE(text.findLine(third.get()), -1);

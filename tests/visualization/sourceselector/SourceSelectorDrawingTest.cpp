@@ -7,6 +7,8 @@
 #include <QSvgRenderer>
 #include <QtTest>
 
+#include <functional>
+
 using namespace Kova::GUI;
 using namespace Kova::Tessel;
 
@@ -48,6 +50,8 @@ private Q_SLOTS:
     void textStandsInItsCells();
     void longTextsKeepToTheirCells();
     void textColours();
+    void textIsBlackAtFirst();
+    void changesAreSeenAtOnce();
     void backgroundsReachFromLineToLine();
     void linesAreCountedAlongTheWidth();
     void linesAreCountedFromTheScrollValue();
@@ -130,6 +134,76 @@ void SourceSelectorDrawingTest::textColours() {
     QVERIFY(Pixels::count(picture.copy(row(0)), 0xFFFF0000) > 0);
 }
 
+void SourceSelectorDrawingTest::textIsBlackAtFirst() {
+    const auto isBlack = [&](int line) {
+        const QImage picture = m_selector->viewport()->grab(row(line)).toImage();
+        QColor darkest(Qt::white);
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (const QColor pixel = picture.pixelColor(x, y); pixel.lightness() < darkest.lightness())
+                    darkest = pixel;
+        return std::max({darkest.red(), darkest.green(), darkest.blue()}) < 0x18;
+    };
+    QVERIFY(isBlack(1));
+    m_selector->setMarksNum(5);
+    for (int mark = 0; mark < 5; ++mark) {
+        m_selector->setMark(m_sample.firstStatement, mark);
+        QVERIFY2(isBlack(1), qPrintable(QString::number(mark)));
+    }
+    move(*m_selector, cell(*m_selector, 1, 0));
+    QVERIFY(isBlack(1));
+    m_selector->setOverParams(0xFF0000FF, 0xFFFFFFFF);
+    QVERIFY(!isBlack(1));
+}
+
+// Nobody but the selector asks for a repaint.
+void SourceSelectorDrawingTest::changesAreSeenAtOnce() {
+    class Paints : public QObject {
+    public:
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            m_count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int take() {
+            QCoreApplication::processEvents();
+            return std::exchange(m_count, 0);
+        }
+
+    private:
+        int m_count = 0;
+    } paints;
+    m_selector->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_selector.get()));
+    m_selector->viewport()->installEventFilter(&paints);
+    ProgramFragment fragment;
+    fragment.set(*m_sample.firstStatement, *m_sample.lastStatement);
+    SourceSelector::Options others;
+    others.hideVariables = true;
+    const std::vector<std::function<void()>> changes = {
+        [&] { m_selector->setMark(m_sample.inner, 0); },
+        [&] { m_selector->setMark(nullptr, 0); },
+        [&] { m_selector->setMarkFragment(fragment, 1); },
+        [&] { m_selector->setMarkFragment({}, 1); },
+        [&] { m_selector->clearSelection(2); },
+        [&] { m_selector->setMarkParams(1, 0xFF000000, 0xFF00FF00, true, {Qt::RightButton, 0}); },
+        [&] { m_selector->setOverParams(0xFF000000, 0xFF00FF00); },
+        [&] { move(*m_selector, cell(*m_selector, 1, 0)); },
+        [&] { move(*m_selector, cell(*m_selector, 12, 0)); },
+        [&] { press(*m_selector, cell(*m_selector, 1, 0)); },
+        [&] { leave(*m_selector); },
+        [&] { m_selector->setOptions(others); },
+        [&] { m_selector->setRootNode(m_sample.inner); },
+        [&] { m_selector->setRootNode(nullptr); }};
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        paints.take();
+        changes[i]();
+        QVERIFY2(paints.take() > 0, qPrintable(QString("change %1").arg(i)));
+    }
+    // A font does not show before the next repaint.
+    m_selector->setFont(QFont("Monospace", 10));
+    QCOMPARE(paints.take(), 0);
+}
+
 void SourceSelectorDrawingTest::backgroundsReachFromLineToLine() {
     press(*m_selector, cell(*m_selector, 0, 4));
     const QImage picture = m_selector->viewport()->grab().toImage();
@@ -197,6 +271,7 @@ void SourceSelectorDrawingTest::exposedAreasCountTheirOwnWidth() {
 
 void SourceSelectorDrawingTest::scrolledSideways() {
     m_selector->resize(90, 300);
+    m_selector->setMark(m_sample.block.get(), 0);
     m_selector->grab();
     const QImage before = m_selector->viewport()->grab().toImage();
     m_selector->horizontalScrollBar()->setValue(20);

@@ -138,6 +138,12 @@ void SourceSelectorEventsTest::positionsAreRounded() {
     QCOMPARE(m_selector->getMark(0), m_sample.firstStatement);
     press(*m_selector, QPointF(8 * width - 0.4, y));
     QCOMPARE(m_selector->getMark(0), m_sample.writtenA);
+    const QFontMetrics metrics(m_selector->getFont());
+    const double top = metrics.height() + metrics.descent();
+    press(*m_selector, QPointF(4.5 * width, top - 0.6));
+    QCOMPARE(m_selector->getMark(0), m_sample.block.get());
+    press(*m_selector, QPointF(4.5 * width, top - 0.4));
+    QCOMPARE(m_selector->getMark(0), m_sample.firstStatement);
 }
 
 void SourceSelectorEventsTest::hitsNothing_data() {

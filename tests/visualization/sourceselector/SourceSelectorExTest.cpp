@@ -5,6 +5,7 @@
 #include "tests/environment/printing/Names.h"
 #include "visualization/sourceselector/SourceSelector.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QBoxLayout>
 #include <QComboBox>
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void entriesHoldTheirDeclarations();
     void theFirstEntryIsScrolledTo();
     void choosingScrolls();
+    void choosingTheCurrentEntryScrolls();
+    void theListHasRoomForNames();
     void aNullRootKeepsTheList();
     void forgettingTheRoot();
     void theUpButton();
@@ -235,6 +238,20 @@ void SourceSelectorExTest::choosingScrolls() {
     QCOMPARE(selector().verticalScrollBar()->value(), 0);
 }
 
+// As a person does it: open the list and press Enter.
+void SourceSelectorExTest::choosingTheCurrentEntryScrolls() {
+    m_browser->setRootNode(m_unit);
+    selector().verticalScrollBar()->setValue(selector().verticalScrollBar()->maximum());
+    list().showPopup();
+    QTest::keyClick(list().view(), Qt::Key_Return);
+    QCOMPARE(list().currentIndex(), 0);
+    QCOMPARE(selector().verticalScrollBar()->value(), 0);
+}
+
+void SourceSelectorExTest::theListHasRoomForNames() {
+    QVERIFY(list().width() > list().fontMetrics().horizontalAdvance("fallbackSimpleS"));
+}
+
 void SourceSelectorExTest::aNullRootKeepsTheList() {
     m_browser->setRootNode(m_unit);
     m_browser->setRootNode(nullptr);
@@ -300,9 +317,13 @@ void SourceSelectorExTest::goingUpFromTheTop() {
 void SourceSelectorExTest::showingPrototypes() {
     m_browser->setRootNode(m_unit);
     QVERIFY(!selector().containsNode(m_prototype));
+    selector().verticalScrollBar()->setValue(selector().verticalScrollBar()->maximum());
     option(0).trigger();
     QCOMPARE(names(), QStringList({"later", "first", "second"}));
     QVERIFY(selector().containsNode(m_prototype));
+    // It is the first entry now, and in the text before it is scrolled to.
+    QCOMPARE(selector().verticalScrollBar()->value() / QFontMetrics(selector().getFont()).height(),
+             selector().getText().findLine(m_prototype));
     option(0).trigger();
     QCOMPARE(names(), QStringList({"first", "second"}));
     QVERIFY(!selector().containsNode(m_prototype));
@@ -320,6 +341,16 @@ void SourceSelectorExTest::hidingTypedefsChangesTheTextOnly() {
 void SourceSelectorExTest::optionsAreHandedOver() {
     m_browser->setRootNode(m_unit);
     using Options = SourceSelector::Options;
+    // Only what the user does in the menu counts.
+    for (int i = 0; i < 4; ++i) {
+        option(i).setChecked(false);
+        option(i).setChecked(true);
+        option(i).setChecked(false);
+    }
+    QVERIFY(selector().getOptions().hidePrototypes && selector().getOptions().hideTypedefs);
+    QVERIFY(selector().getOptions().hideVariables && selector().getOptions().hideExternalDeclarations);
+    for (int i = 0; i < 4; ++i)
+        option(i).setChecked(true);
     bool Options::*flags[] = {&Options::hidePrototypes, &Options::hideTypedefs, &Options::hideVariables,
                               &Options::hideExternalDeclarations};
     for (int i = 0; i < 4; ++i) {

@@ -44,12 +44,14 @@ private Q_SLOTS:
 
     void aNewSelector();
     void marksOfANewSelector();
+    void marksOfANewSelectorTakeChildren();
     void itsProperties();
     void printsIndentedByALevel();
     void hidesDeclarationsUnlessToldOtherwise();
     void optionsPrintAnewOnlyWhenTheyDiffer();
     void aNewRootEmptiesAllMarks();
     void aNullRootKeepsTheRoot();
+    void aRootThatWent();
     void forgettingTheRoot();
     void aRootThatPrintsNothing();
     void aListenerMaySetAnotherRoot();
@@ -71,6 +73,7 @@ private Q_SLOTS:
 
     void setMarksNumEmptiesMarksSilently();
     void newMarksHaveNoKeys();
+    void keysOfMarksThatWentAreFree();
     void fewMarks_data();
     void fewMarks();
     void manyMarks();
@@ -80,7 +83,9 @@ private Q_SLOTS:
 
     void containsWhatPrintedItself();
     void scrollBars();
+    void scrollBarsFollowTheText();
     void fontsChangeStepsButNotRanges();
+    void fontsOfAnyPitchCountTheAverage();
     void ensureNodeVisible();
     void aFontWithoutWidth();
 
@@ -126,6 +131,15 @@ void SourceSelectorTest::marksOfANewSelector() {
         QCOMPARE(m_selector->getMarkKeys(mark), keys[mark]);
         QCOMPARE(m_selector->getMark(mark), nullptr);
         QVERIFY(m_selector->getMarkFragment(mark).isEmpty());
+    }
+}
+
+void SourceSelectorTest::marksOfANewSelectorTakeChildren() {
+    for (int mark = 0; mark < 4; ++mark) {
+        m_selector->setMark(m_sample.firstStatement, mark);
+        QVERIFY(m_selector->isNodeSelected(*m_sample.constant));
+        m_selector->setMark(nullptr, mark);
+        QVERIFY(!m_selector->isNodeSelected(*m_sample.constant));
     }
 }
 
@@ -198,6 +212,27 @@ void SourceSelectorTest::aNullRootKeepsTheRoot() {
     hidingVariables.hideVariables = true;
     m_selector->setOptions(hidingVariables);
     QCOMPARE(m_selector->getText().getLineCount(), 7);
+}
+
+// What was hovered, marked and shown is gone; only its address is known.
+void SourceSelectorTest::aRootThatWent() {
+    auto temporary = std::make_unique<SampleText>();
+    TesselBase* gone = temporary->inner;
+    m_selector->setRootNode(temporary->block.get());
+    m_selector->setMark(temporary->inner, 0);
+    move(*m_selector, cell(*m_selector, 0, 4));
+    m_selector->setRootNode(nullptr);
+    temporary.reset();
+    m_selector->grab();
+    move(*m_selector, QPointF(5, 5));
+    press(*m_selector, QPointF(5, 5));
+    m_selector->ensureNodeVisible(gone);
+    m_selector->setMark(gone, 1);
+    QVERIFY(!m_selector->containsNode(gone));
+    QCOMPARE(m_selector->getMark(1), nullptr);
+    m_selector->setRootNode(m_sample.block.get());
+    m_selector->grab();
+    QCOMPARE(m_selector->getText().getLineCount(), 8);
 }
 
 void SourceSelectorTest::forgettingTheRoot() {
@@ -432,6 +467,18 @@ void SourceSelectorTest::newMarksHaveNoKeys() {
     QVERIFY(m_selector->isNodeSelected(*m_sample.constant));
 }
 
+void SourceSelectorTest::keysOfMarksThatWentAreFree() {
+    m_selector->setMarksNum(1);
+    m_selector->setMarksNum(4);
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        press(*m_selector, cell(*m_selector, 1, 8), button);
+        for (int mark = 0; mark < 4; ++mark)
+            QCOMPARE(m_selector->getMark(mark), nullptr);
+    }
+    press(*m_selector, cell(*m_selector, 1, 8));
+    QCOMPARE(m_selector->getMark(0), m_sample.writtenA);
+}
+
 void SourceSelectorTest::fewMarks_data() {
     QTest::addColumn<int>("count");
     QTest::newRow("none") << 0;
@@ -491,8 +538,13 @@ void SourceSelectorTest::setMarkParams() {
     QCOMPARE(m_selector->getMark(1), m_sample.writtenA);
     QCOMPARE(background(*m_selector, 1, 8), 0xFF0000FF);
     // The button it had before is free.
-    press(*m_selector, cell(*m_selector, 1, 8), Qt::RightButton);
+    press(*m_selector, cell(*m_selector, 1, 12), Qt::RightButton);
     QCOMPARE(m_selector->getMark(1), m_sample.writtenA);
+    // Without a key a mark cannot be picked, whatever comes.
+    m_selector->setMarkParams(1, 0xFFFF0000, 0xFF0000FF, true, {0, 0});
+    QSignalSpy changes(m_selector.get(), &SourceSelector::markChanged);
+    sendMouse(*m_selector, QEvent::MouseButtonPress, cell(*m_selector, 1, 12), Qt::NoButton, Qt::NoButton);
+    QCOMPARE(changes.count(), 0);
 }
 
 void SourceSelectorTest::setOverParams() {
@@ -528,6 +580,33 @@ void SourceSelectorTest::scrollBars() {
     }
     QCOMPARE(m_selector->verticalScrollBar()->singleStep(), metrics.height());
     QCOMPARE(m_selector->horizontalScrollBar()->singleStep(), metrics.averageCharWidth());
+}
+
+void SourceSelectorTest::scrollBarsFollowTheText() {
+    const QFontMetrics metrics(m_selector->getFont());
+    m_selector->resize(60, 60);
+    m_selector->grab();
+    const QSize page = m_selector->viewport()->size();
+    // "        c = 2;" has 14 characters.
+    m_selector->setRootNode(m_sample.inner);
+    QCOMPARE(m_selector->verticalScrollBar()->maximum(), std::max(0, 3 * metrics.height() - page.height()));
+    QCOMPARE(m_selector->horizontalScrollBar()->maximum(), 14 * metrics.averageCharWidth() - page.width());
+    m_selector->setRootNode(m_sample.block.get());
+    QCOMPARE(m_selector->verticalScrollBar()->maximum(), 8 * metrics.height() - page.height());
+    m_selector->setRootNode(nullptr);
+    QCOMPARE(m_selector->horizontalScrollBar()->maximum(), 0);
+}
+
+void SourceSelectorTest::fontsOfAnyPitchCountTheAverage() {
+    const QFont sans("DejaVu Sans", 12);
+    const QFontMetrics metrics(sans);
+    QVERIFY(metrics.averageCharWidth() < metrics.maxWidth());
+    m_selector->setFont(sans);
+    QCOMPARE(m_selector->horizontalScrollBar()->singleStep(), metrics.averageCharWidth());
+    QCOMPARE(m_selector->getTextSize(), QSize(18 * metrics.averageCharWidth(), 8 * metrics.height()));
+    const int y = metrics.height() + metrics.descent();
+    QCOMPARE(m_selector->getNodeByPos({8 * metrics.averageCharWidth(), y}), m_sample.writtenA);
+    QCOMPARE(m_selector->getNodeByPos({8 * metrics.averageCharWidth() - 1, y}), m_sample.firstStatement);
 }
 
 void SourceSelectorTest::fontsChangeStepsButNotRanges() {

@@ -79,7 +79,8 @@ private:
     int m_next = 0;
 };
 
-/// "[-1 2] (1 *) <=": carriers, distances and directions of the common loops; then the condition and the doubt's number.
+/// "[-1 2] (1 *) <=": carriers, distances and directions of the common loops; then the condition and the doubt's
+/// number.
 inline std::string describeFound(const std::vector<int>& carriers, const std::vector<std::optional<long>>& distance,
                                  const std::vector<std::string>& directions, const std::string& condition,
                                  DepGraph::Doubt doubt) {

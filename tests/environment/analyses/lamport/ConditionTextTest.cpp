@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "environment/analyses/lamport/ConditionText_p.h"
-
 #include "environment/analyses/lamport/AccessModel_p.h"
+#include "environment/analyses/lamport/ConditionText_p.h"
 #include "tests/environment/analyses/lamport/ConditionReader.h"
 
 #include <gtest/gtest.h>
@@ -80,9 +79,9 @@ TEST_F(ConditionTextTest, NamesRemainders) {
 
 TEST_F(ConditionTextTest, IsTrueOfTheSet) {
     for (const char* constraints :
-         {"n = m + 1", "n >= 2 and m > n", "2n >= 3m - 1", "n != m", "3n = 2m", "n mod 2 = 0 and m < n", "(n - m) mod 3 = 1",
-          "(2n + m) mod 4 = 3 or n < -2", "n >= 0 and m >= 0 and n + m <= 6 and n != 3", "-n - m >= 2",
-          "exists (a, b : n = 2a and m = 3b + 1)", "n = 5 or (m = 2 and n > 0)", "floor(n / 2) >= m"})
+         {"n = m + 1", "n >= 2 and m > n", "2n >= 3m - 1", "n != m", "3n = 2m", "n mod 2 = 0 and m < n",
+          "(n - m) mod 3 = 1", "(2n + m) mod 4 = 3 or n < -2", "n >= 0 and m >= 0 and n + m <= 6 and n != 3",
+          "-n - m >= 2", "exists (a, b : n = 2a and m = 3b + 1)", "n = 5 or (m = 2 and n > 0)", "floor(n / 2) >= m"})
         expectTrue(constraints);
 }
 

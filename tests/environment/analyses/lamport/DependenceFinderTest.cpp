@@ -147,14 +147,12 @@ TEST_F(DependenceFinderTest, UnitesWhatOneWordDoes) {
         });
         EXPECT_EQ(found.size(), 1u);
         const DependenceFacts& arrow = found.at(0);
-        return describeFound(arrow.carriers, arrow.distance, arrow.directions, arrow.condition,
-                             arrow.assumption.doubt);
+        return describeFound(arrow.carriers, arrow.distance, arrow.directions, arrow.condition, arrow.assumption.doubt);
     };
     EXPECT_EQ(unite(facts({-1}, {0}, {"="}), facts({1}, {2}, {"<"})), "[-1 1] (*) <=");
     EXPECT_EQ(unite(facts({1}, {2}, {"<"}), facts({1}, {2}, {"<"})), "[1] (2) <");
     EXPECT_EQ(unite(facts({}, {{}}, {""}), facts({1}, {2}, {"<"})), "[] (*) ?");
-    EXPECT_EQ(unite(facts({1}, {2}, {"<"}, "n > 1"), facts({1}, {2}, {"<"}, "m > 1")),
-              "[1] (2) < if n > 1 or m > 1");
+    EXPECT_EQ(unite(facts({1}, {2}, {"<"}, "n > 1"), facts({1}, {2}, {"<"}, "m > 1")), "[1] (2) < if n > 1 or m > 1");
     EXPECT_EQ(unite(facts({1}, {2}, {"<"}, "n > 1"), facts({1}, {2}, {"<"})), "[1] (2) <");
     // One of them is known to exist: so does the arrow.
     const Doubt limit = Doubt::WorkLimit;
@@ -193,8 +191,8 @@ TEST_F(DependenceFinderTest, WithoutAnOrderAsksForEveryPair) {
     list.read("a", "{ [] }");
     const Kova::Tessel::GotoStatement jump{std::string("again")};
     const std::string doubt = " doubt " + std::to_string(static_cast<int>(Doubt::Jump));
-    EXPECT_EQ(find(false, &jump), Lines({"output 0 -> 0 [] ()" + doubt, "flow 0 -> 1 [] ()" + doubt,
-                                          "anti 1 -> 0 [] ()" + doubt}));
+    EXPECT_EQ(find(false, &jump),
+              Lines({"output 0 -> 0 [] ()" + doubt, "flow 0 -> 1 [] ()" + doubt, "anti 1 -> 0 [] ()" + doubt}));
     EXPECT_EQ(test.unordered, Lines({"0 -> 0", "0 -> 1", "1 -> 0"}));
     EXPECT_EQ(test.ordered, Lines());
     EXPECT_EQ(m_found.front().assumption.where, &jump);
@@ -206,13 +204,11 @@ TEST_F(DependenceFinderTest, TakesTheAccessesDoubts) {
     list.read("a", "{ [] }");
     test.answers["0 -> 1"] = facts({-1});
     test.answers["0 -> 2"] = facts({-1}, {}, {}, "", Doubt::QuickTest);
-    EXPECT_EQ(find(false),
-              Lines({"flow 0 -> 1 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::Subscript)),
-                     "flow 0 -> 2 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::QuickTest))}));
+    EXPECT_EQ(find(false), Lines({"flow 0 -> 1 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::Subscript)),
+                                  "flow 0 -> 2 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::QuickTest))}));
     // That the work was too much counts for more.
     test.answers["0 -> 1"].doubt = Doubt::WorkLimit;
-    EXPECT_EQ(find(false).front(),
-              "flow 0 -> 1 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::WorkLimit)));
+    EXPECT_EQ(find(false).front(), "flow 0 -> 1 [-1] () doubt " + std::to_string(static_cast<int>(Doubt::WorkLimit)));
 }
 
 TEST_F(DependenceFinderTest, NamesTheCommonLoops) {

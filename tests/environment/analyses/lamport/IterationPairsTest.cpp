@@ -130,7 +130,8 @@ TEST(IterationPairs, OfEndlessLoopsHaveNoBound) {
     ASSERT_TRUE(free);
     EXPECT_EQ(*free, (IterationRange{-IterationRange::unbounded, IterationRange::unbounded}));
     EXPECT_FALSE(free->isBounded());
-    EXPECT_EQ((IterationPairs{all, all, 1, 1, 1L << 40}.findDistances(Direction::Any)), Distances({1L << 40, 1L << 40}));
+    EXPECT_EQ((IterationPairs{all, all, 1, 1, 1L << 40}.findDistances(Direction::Any)),
+              Distances({1L << 40, 1L << 40}));
     // source = 2 * target: the target is never later.
     EXPECT_EQ((IterationPairs{all, all, 1, 2, 0}.findDistances(Direction::Later)), std::nullopt);
     EXPECT_EQ((IterationPairs{all, all, 1, 2, 0}.findDistances(Direction::Any)->high), 0);

@@ -65,8 +65,8 @@ TEST(LinearSystem, KeepsTheStricterOfTwoBounds) {
 
 TEST(LinearSystem, SubstitutesWhatAnEqualityGives) {
     // x = y - 2, both from 0 to 9
-    LinearSystem system = make(2, {equal({1, -1}, 2), atLeast({1, 0}, 0), atLeast({-1, 0}, 9), atLeast({0, 1}, 0),
-                                   atLeast({0, -1}, 9)});
+    LinearSystem system =
+        make(2, {equal({1, -1}, 2), atLeast({1, 0}, 0), atLeast({-1, 0}, 9), atLeast({0, 1}, 0), atLeast({0, -1}, 9)});
     system.eliminate(0, 1);
     expectRange(system, 1, 2, 9);
 }
@@ -109,8 +109,7 @@ TEST(LinearSystem, DoesNotCountBeyondItsNumbers) {
 
 TEST(LinearSystem, AddsADifference) {
     // x from 0 to 4, y from x + 1 to 7
-    LinearSystem system =
-        make(2, {atLeast({1, 0}, 0), atLeast({-1, 0}, 4), atLeast({-1, 1}, -1), atLeast({0, -1}, 7)});
+    LinearSystem system = make(2, {atLeast({1, 0}, 0), atLeast({-1, 0}, 4), atLeast({-1, 1}, -1), atLeast({0, -1}, 7)});
     system.addDifference(0, 1);
     ASSERT_EQ(system.countVariables(), 3u);
     system.eliminate(0, 2);

@@ -139,14 +139,22 @@ TEST(QuickTests, PutFixedDistancesIntoOtherSubscripts) {
                    {"{ [i, j] -> [i + j - 2] }", "{ [i, j] -> [i - 2] }"})
                   .describe(),
               "[1] (2 0) < =");
+    // Of a chain each link gives the next one.
+    EXPECT_EQ(Pair("{ [i, j, k] : 0 <= i < 10 and 0 <= j < 10 and 0 <= k < 10 }",
+                   {"{ [i, j, k] -> [i + j] }", "{ [i, j, k] -> [i] }", "{ [i, j, k] -> [j + k] }"},
+                   {"{ [i, j, k] -> [i + j - 3] }", "{ [i, j, k] -> [i - 2] }", "{ [i, j, k] -> [j + k - 4] }"})
+                  .describe(),
+              "[1] (2 1 3) < < <");
     // Two subscripts demand different distances of one loop.
     EXPECT_EQ(Pair(ten, {"{ [i] -> [i] }", "{ [i] -> [i] }"}, {"{ [i] -> [i - 1] }", "{ [i] -> [i - 2] }"}).describe(),
               "none");
 }
 
 TEST(QuickTests, AreNotExactInTriangles) {
-    const Pair pair("{ [i, j] : 0 <= i < 10 and 0 <= j <= i }", {"{ [i, j] -> [i] }"}, {"{ [i, j] -> [j] }"});
+    const std::string triangle = "{ [i, j] : 0 <= i < 10 and 0 <= j <= i }";
+    const Pair pair(triangle, {"{ [i, j] -> [i] }"}, {"{ [i, j] -> [i] }"});
     EXPECT_FALSE(pair.isExact());
+    EXPECT_TRUE(Pair(tenByTen, {"{ [i, j] -> [i] }"}, {"{ [i, j] -> [i] }"}).isExact());
     EXPECT_TRUE(pair.mayMeet({any, any}));
 }
 
@@ -169,6 +177,18 @@ TEST(QuickTests, KnowTheLoopsOfOneSideOnly) {
     const AccessShapes shapes(context.get(), list.get());
     EXPECT_FALSE(QuickTests(shapes.getShape(0), shapes.getShape(1), 1).mayMeet({any}));
     EXPECT_TRUE(QuickTests(shapes.getShape(0), shapes.getShape(2), 1).mayMeet({any}));
+}
+
+TEST(QuickTests, DecideOneLoopOnEachSideExactly) {
+    // 3k + 2 = 7l for the first time with k = 4, l = 2.
+    const IslContext context;
+    AccessList list(context.get());
+    list.write("a", "{ [k] : 0 <= k <= 3 }", {"{ [k] -> [3k + 2] }"});
+    list.read("a", "{ [l] : 0 <= l <= 3 }", {"{ [l] -> [7l] }"});
+    list.write("a", "{ [k] : 0 <= k <= 4 }", {"{ [k] -> [3k + 2] }"});
+    const AccessShapes shapes(context.get(), list.get());
+    EXPECT_FALSE(QuickTests(shapes.getShape(0), shapes.getShape(1), 0).mayMeet({}));
+    EXPECT_TRUE(QuickTests(shapes.getShape(2), shapes.getShape(1), 0).mayMeet({}));
 }
 
 } // namespace
