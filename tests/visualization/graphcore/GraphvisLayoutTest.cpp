@@ -122,7 +122,8 @@ void GraphvisLayoutTest::init() {
 
 void GraphvisLayoutTest::dumpsTwoNodes() {
     LayoutGraph graph;
-    graph.join(graph.add("a"), graph.add("b"));
+    NodeBase& first = graph.add("a");
+    graph.join(first, graph.add("b"));
     QCOMPARE(dumped(graph.nodes()), QString("digraph tmp {\n"
                                             "node [shape = box, labeljust=\"l\"];\n"
                                             "N0[ label = \"a\"];\n"
@@ -235,8 +236,7 @@ void GraphvisLayoutTest::numbersDoNotDependOnThePlace() {
 void GraphvisLayoutTest::asksDot() {
     const FakeDot dot("graph 1 5 3\nnode N1 2.5 1 0.75 0.5 b\nstop\n");
     write(dotFile, QByteArray(5000, 'x'));
-    LayoutGraph graph;
-    graph.join(graph.add("a"), graph.add("b"));
+    const LayoutGraph graph(2, {{0, 1}});
     graph.node(0).moveTo(7, 8);
     GraphvisLayout().layOut(graph.nodes());
     QCOMPARE(dot.arguments(), QByteArray("-Tplain -o/tmp/1.dot.plain /tmp/1.dot\n"));
