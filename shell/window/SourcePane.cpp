@@ -25,6 +25,7 @@ using Tessel::TesselBase;
 constexpr int userMarks = 4;
 constexpr int pickedMark = userMarks;
 constexpr int otherMark = userMarks + 1;
+constexpr int noMark = -1;
 constexpr int firstMarkSlot = 2;
 
 bool isWithin(const TesselBase* node, const TesselBase* root) {
@@ -93,17 +94,18 @@ void SourcePane::mark(TesselBase* node, int mark) {
 }
 
 void SourcePane::markPicked(TesselBase* node, TesselBase* other) {
-    mark(nullptr, pickedMark);
-    mark(nullptr, otherMark);
-    uncoverMarks();
+    unmarkPicked(noMark);
     mark(node, pickedMark);
     mark(other, otherMark);
 }
 
-void SourcePane::uncoverMarks() {
+void SourcePane::unmarkPicked(int changing) {
+    mark(nullptr, pickedMark);
+    mark(nullptr, otherMark);
     for (int mark = m_isSubjectMarked ? 0 : 1; mark < userMarks; ++mark) {
         selector().markNode(selector().getMark(mark), mark + firstMarkSlot);
-        selector().markFragment(selector().getMarkFragment(mark), mark + firstMarkSlot);
+        if (mark != changing)
+            selector().markFragment(selector().getMarkFragment(mark), mark + firstMarkSlot);
     }
 }
 
@@ -144,7 +146,7 @@ void SourcePane::pick(int mark) {
     const bool isUsers = node != nullptr && mark < userMarks && !m_silent;
     if (isUsers) {
         m_isSubjectMarked = m_isSubjectMarked || mark == 0;
-        markPicked(nullptr, nullptr);
+        unmarkPicked(mark);
     }
     updateFilePage();
     if (isUsers && mark == 0)

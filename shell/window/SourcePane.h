@@ -47,8 +47,9 @@ private:
     void mark(Tessel::TesselBase* node, int mark);
     /// Moves the marks of what was picked in a view; null takes their colour away.
     void markPicked(Tessel::TesselBase* node, Tessel::TesselBase* other);
-    /// Gives back to the user's marks what marks with larger numbers had covered.
-    void uncoverMarks();
+    /// Takes the colours of what was picked in a view away, and gives back to the user's marks what these had covered.
+    /// @param changing a mark that holds another node now, and is about to lose its range of statements; -1 for none.
+    void unmarkPicked(int changing);
     void showFileOf(Tessel::TesselBase& node);
     /// Scrolls until the line of a node is seen whole.
     void reveal(const Tessel::TesselBase* node);

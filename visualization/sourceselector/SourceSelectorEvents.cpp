@@ -21,10 +21,6 @@ using Tessel::TesselBase;
 
 constexpr int hoverSlot = 1;
 
-QPoint positionOf(const QMouseEvent& event) {
-    return {qRound(event.localPos().x()), qRound(event.localPos().y())};
-}
-
 /// Whichever of the two comes first; empty when they are not statements of one block.
 Tessel::ProgramFragment fragmentBetween(TesselBase* one, TesselBase* other) {
     Tessel::ProgramFragment fragment;
@@ -70,7 +66,7 @@ void SourceSelector::mousePressEvent(QMouseEvent* event) {
     const int slot = getMarkForEvent(*event);
     if (!isSlot(slot))
         return;
-    TesselBase* node = getNodeByPos(positionOf(*event));
+    TesselBase* node = getNodeByPos(event->pos());
     clearSelection(slot);
     m_hover.clear();
     markNode(node, slot);
@@ -84,7 +80,7 @@ void SourceSelector::mousePressEvent(QMouseEvent* event) {
 void SourceSelector::mouseMoveEvent(QMouseEvent* event) {
     if (getMarksNum() <= 0)
         return;
-    TesselBase* node = getNodeByPos(positionOf(*event));
+    TesselBase* node = getNodeByPos(event->pos());
     if (!m_fragmentSelection || event->buttons() == Qt::NoButton) {
         hover(node);
     } else if (const int slot = getMarkForEvent(*event); isSlot(slot)) {

@@ -3,6 +3,7 @@
 
 #include "environment/tessel/ExpressionBase.h"
 #include "environment/tessel/ProgramUnit.h"
+#include "environment/tessel/StatementBase.h"
 #include "environment/tessel/TranslationUnit.h"
 #include "environment/tessel/service/Preorder.h"
 #include "shell/program/SubjectFinder.h"
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void showingIsNoPicking();
     void clickingPicks();
     void otherMarksPickNothing();
+    void clickingAfterADrag();
     void pickedInAView();
     void picksLeaveNoHoles();
     void aClickIsSeenWhereAPickWas();
@@ -219,6 +221,21 @@ void SourcePaneTest::otherMarksPickNothing() {
     click(*loop, Qt::RightButton);
     QCOMPARE(selector().getMark(1), loop);
     QCOMPARE(m_picks.size(), 0);
+}
+
+// A range of statements gives way to the node that is clicked next.
+void SourcePaneTest::clickingAfterADrag() {
+    m_pane->showSubject(program());
+    auto* first = subjectAt(3).getStatement();
+    auto* last = subjectAt(6).getStatement();
+    Tessel::ProgramFragment fragment;
+    fragment.set(*first, *last);
+    selector().setMarkFragment(fragment, 0);
+    QVERIFY(selector().isNodeSelected(*last));
+    click(*subjectAt(4).getNode());
+    QVERIFY(selector().isNodeSelected(*subjectAt(4).getNode()));
+    QVERIFY(!selector().isNodeSelected(*first));
+    QVERIFY(!selector().isNodeSelected(*last));
 }
 
 void SourcePaneTest::pickedInAView() {
