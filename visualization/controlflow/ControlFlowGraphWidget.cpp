@@ -4,6 +4,7 @@
 #include "environment/analyses/controlflow/ControlFlowGraph.h"
 #include "environment/tessel/BlockStatement.h"
 #include "visualization/controlflow/GraphFactory.h"
+#include "visualization/controlflow/PrintedFlow.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 #include "visualization/textgraph/WordLayout.h"
@@ -82,15 +83,14 @@ void ControlFlowGraphWidget::convertTextToNodes(const TextGraph::ProgramLines& t
 }
 
 void ControlFlowGraphWidget::convertCFGToEdges(const ::ControlFlowGraph& graph, const GraphFactory& factory) {
-    for (const StatementBase* statement : graph.getStatements()) {
-        const std::vector<const StatementBase*>& successors = graph.getSuccessors(statement);
-        const std::vector<ControlTransfer>& transfers = graph.getTransfers(statement);
-        for (std::size_t i = 0; i < successors.size(); ++i) {
-            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(statement, successors[i]);
+    PrintedFlow flow(graph, factory);
+    for (const StatementBase* from : graph.getStatements()) {
+        for (const auto& [to, kind] : flow.getTransfers(from)) {
+            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(from, to);
             if (!edge)
                 continue;
             edges().add(edge.release());
-            m_transfers.push_back({statement, successors[i], transfers[i]});
+            m_transfers.push_back({from, to, kind});
         }
     }
     moveCloseLinesApart();

@@ -2,8 +2,8 @@
 #include "visualization/controlflow/GraphFactory.h"
 
 #include "environment/core/Console.h"
-#include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/IfStatement.h"
+#include "visualization/controlflow/Nesting.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 
@@ -17,15 +17,6 @@ using TextGraph::GraphNodeBase;
 using TextGraph::NodeBase;
 
 namespace {
-
-bool isInside(const StatementBase* statement, const BlockStatement& block) {
-    while (statement != nullptr) {
-        statement = dynamic_cast<const StatementBase*>(statement->getParent());
-        if (statement == &block)
-            return true;
-    }
-    return false;
-}
 
 GraphNodeBase* lastOf(const QList<GraphNodeBase*>& nodes) {
     return nodes.isEmpty() ? nullptr : nodes.last();
@@ -50,6 +41,11 @@ NodeBase* GraphFactory::createNode(const QPoint& pos, const QString& text, const
     auto node = std::make_unique<GraphNodeBase>(pos, text);
     entry->second.append(node.get());
     return node.release();
+}
+
+bool GraphFactory::isUnprinted(const StatementBase* statement) const {
+    const Nodes* nodes = findNodes(statement);
+    return nodes != nullptr && nodes->isEmpty();
 }
 
 std::unique_ptr<EdgeBase> GraphFactory::createEdge(const StatementBase* from, const StatementBase* to) const {
