@@ -13,6 +13,7 @@
 #include "environment/tessel/LabelStatement.h"
 #include "environment/tessel/OpaqueStatement.h"
 #include "environment/tessel/ReturnStatement.h"
+#include "environment/tessel/StatementExpression.h"
 #include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
@@ -72,7 +73,7 @@ FlowBuilder::FlowBuilder(StatementBase& statement, const Options& options)
       m_jumps(subroutineOf(statement)) {
     for (const TesselBase* around = options.viewed; around != nullptr; around = around->getParent())
         m_aroundViewed.insert(around);
-    m_surroundings.push_back({m_exit, m_exit, std::nullopt});
+    m_surroundings.push_back({m_exit, m_exit, std::nullopt, false, false});
     addStatement(&statement, m_entry, m_exit);
     run();
     connectEntries(statement);
@@ -150,15 +151,48 @@ PointId FlowBuilder::pointOf(const LabelStatement& label) {
 
 void FlowBuilder::jumpTo(PointId from, const JumpSources::Labels& labels) {
     for (const LabelStatement* label : labels) {
-        m_points.connect(from, pointOf(*label), ControlTransfer::Jump);
+        connectJump(from, pointOf(*label), isPartOfExpression(*label));
         m_jumpedTo.push_back(label);
     }
 }
 
-std::size_t FlowBuilder::surround(PointId behindBreak, PointId behindContinue,
-                                  std::optional<std::size_t> switchNumber) {
-    m_surroundings.push_back({behindBreak, behindContinue, switchNumber});
+std::size_t FlowBuilder::surroundLoop(PointId behindBreak, PointId behindContinue) {
+    const bool isPart = m_work.isInExpression;
+    m_surroundings.push_back({behindBreak, behindContinue, surroundings().switchNumber, isPart, isPart});
     return m_surroundings.size() - 1;
+}
+
+std::size_t FlowBuilder::surroundSwitch(PointId behindBreak, std::size_t number) {
+    const Surroundings around = surroundings();
+    m_surroundings.push_back(
+        {behindBreak, around.behindContinue, number, m_work.isInExpression, around.isContinuePart});
+    return m_surroundings.size() - 1;
+}
+
+bool FlowBuilder::isPartOfExpression(const LabelStatement& label) const {
+    if (!m_work.isInExpression)
+        return false;
+    for (const TesselBase* around = label.getParent(); around != nullptr; around = around->getParent())
+        if (dynamic_cast<const StatementExpression*>(around) != nullptr)
+            return m_aroundViewed.count(around) == 0;
+    return false;
+}
+
+ControlTransfer FlowBuilder::outsideExpression(ControlTransfer transfer) const {
+    return m_work.isInExpression ? ControlTransfer::Next : transfer;
+}
+
+void FlowBuilder::connectChosen(PointId from, PointId to, ControlTransfer outcome) {
+    m_points.connect(from, to, ControlTransfer::Next, outsideExpression(outcome));
+}
+
+void FlowBuilder::connectRound(PointId from, PointId to) {
+    m_points.connect(from, to, ControlTransfer::Back, outsideExpression(ControlTransfer::Back));
+}
+
+void FlowBuilder::connectJump(PointId from, PointId to, bool isToPart) {
+    m_points.connect(from, to, ControlTransfer::Jump,
+                     isToPart ? outsideExpression(ControlTransfer::Jump) : ControlTransfer::Jump);
 }
 
 void FlowBuilder::add(Work::Kind kind, TesselBase& node, PointId in, PointId out, PointId otherwise) {
@@ -185,18 +219,18 @@ void FlowBuilder::addPart(StatementBase* statement, PointId in, PointId out) {
 }
 
 void FlowBuilder::walkStatementsOf(BlockStatement& block, PointId in, PointId out, std::size_t surroundings) {
-    const PointId closing = m_work.isInExpression ? out : m_points.add();
+    PointId end = out;
+    if (!m_work.isInExpression) {
+        end = m_points.add();
+        m_points[end].statement = &block;
+        m_points[end].isEnd = true;
+        m_points.connect(end, out);
+    }
     for (std::size_t i = 0; i < block.getChildCount(); ++i) {
-        const PointId next = i + 1 < block.getChildCount() ? m_points.add() : closing;
+        const PointId next = i + 1 < block.getChildCount() ? m_points.add() : end;
         addStatement(block.getStatement(i), in, next, surroundings);
         in = next;
     }
-    if (block.isEmpty())
-        m_points.connect(in, closing);
-    if (closing == out)
-        return;
-    m_points[closing].statement = &block;
-    m_points.connect(closing, out);
 }
 
 void FlowBuilder::visit(StatementBase& node) {
@@ -204,7 +238,12 @@ void FlowBuilder::visit(StatementBase& node) {
 }
 
 void FlowBuilder::visit(BlockStatement& node) {
-    walkStatementsOf(node, arriveAt(node), m_work.out, m_work.surroundings);
+    const PointId opening = arriveAt(node);
+    // An empty block is passed once.
+    if (node.isEmpty())
+        m_points.connect(opening, m_work.out);
+    else
+        walkStatementsOf(node, opening, m_work.out, m_work.surroundings);
 }
 
 void FlowBuilder::visit(DeclarationStatement& node) {
@@ -220,8 +259,8 @@ void FlowBuilder::visit(IfStatement& node) {
     const PointId then = m_points.add();
     const PointId notChosen = m_points.add();
     const PointId otherwise = node.getElseBlock() != nullptr ? m_points.add() : m_work.out;
-    m_points.connect(chosen, then, ControlTransfer::Next, ControlTransfer::True);
-    m_points.connect(notChosen, otherwise, ControlTransfer::Next, ControlTransfer::False);
+    connectChosen(chosen, then, ControlTransfer::True);
+    connectChosen(notChosen, otherwise, ControlTransfer::False);
     addCondition(node.getCondition(), arriveAt(node), chosen, notChosen);
     addStatement(node.getThenBlock(), then, m_work.out);
     if (node.getElseBlock() != nullptr)
@@ -234,11 +273,11 @@ void FlowBuilder::visit(WhileStatement& node) {
     const PointId inside = m_points.add();
     const PointId done = m_points.add();
     const PointId again = m_points.add();
-    m_points.connect(chosen, inside, ControlTransfer::Next, ControlTransfer::True);
-    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
-    m_points.connect(again, start, ControlTransfer::Back);
+    connectChosen(chosen, inside, ControlTransfer::True);
+    connectChosen(done, m_work.out, ControlTransfer::False);
+    connectRound(again, start);
     addCondition(node.getCondition(), start, chosen, done);
-    addStatement(node.getBody(), inside, again, surround(m_work.out, again, surroundings().switchNumber));
+    addStatement(node.getBody(), inside, again, surroundLoop(m_work.out, again));
 }
 
 void FlowBuilder::visit(DoWhileStatement& node) {
@@ -248,9 +287,9 @@ void FlowBuilder::visit(DoWhileStatement& node) {
     const PointId again = m_points.add();
     const PointId done = m_points.add();
     m_points.connect(start, inside);
-    m_points.connect(again, inside, ControlTransfer::Back);
-    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
-    addStatement(node.getBody(), inside, tested, surround(m_work.out, tested, surroundings().switchNumber));
+    connectRound(again, inside);
+    connectChosen(done, m_work.out, ControlTransfer::False);
+    addStatement(node.getBody(), inside, tested, surroundLoop(m_work.out, tested));
     // The loop itself is where control is before its condition.
     m_work.in = tested;
     addCondition(node.getCondition(), arriveAt(node), again, done);
@@ -264,15 +303,15 @@ void FlowBuilder::visit(ForStatement& node) {
     const PointId done = m_points.add();
     const PointId ended = m_points.add();
     const PointId arriving = m_points.add();
-    m_points.connect(chosen, inside, ControlTransfer::Next, ControlTransfer::True);
-    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
+    connectChosen(chosen, inside, ControlTransfer::True);
+    connectChosen(done, m_work.out, ControlTransfer::False);
     addPart(node.getInitialization(), start, decided);
     if (node.getCondition() != nullptr)
         addCondition(node.getCondition(), decided, chosen, done);
     else
         m_points.connect(decided, chosen);
-    addStatement(node.getBody(), inside, ended, surround(m_work.out, ended, surroundings().switchNumber));
-    m_points.connect(ended, arriving, ControlTransfer::Next, ControlTransfer::Back);
+    addStatement(node.getBody(), inside, ended, surroundLoop(m_work.out, ended));
+    m_points.connect(ended, arriving, ControlTransfer::Next, outsideExpression(ControlTransfer::Back));
     // The loop itself is where control is before its increment.
     m_work.in = arriving;
     const PointId again = m_points.add();
@@ -288,8 +327,7 @@ void FlowBuilder::visit(SwitchStatement& node) {
     m_switches.push_back({&node, chosen, m_work.out, {}});
     // Control comes into the body by its labels only.
     if (node.getBody() != nullptr)
-        walkStatementsOf(*node.getBody(), m_points.add(), m_work.out,
-                         surround(m_work.out, surroundings().behindContinue, number));
+        walkStatementsOf(*node.getBody(), m_points.add(), m_work.out, surroundSwitch(m_work.out, number));
     add(Work::Kind::Choice, node, chosen, m_work.out);
     m_added.back().switchNumber = number;
 }
@@ -310,12 +348,12 @@ void FlowBuilder::connectChoice() {
             named = point;
     }
     if (isKnown && (named || standard)) {
-        m_points.connect(choice.chosen, named ? *named : *standard, ControlTransfer::Jump);
+        connectJump(choice.chosen, named ? *named : *standard, true);
         return;
     }
     if (!isKnown)
         for (const auto& [label, point] : choice.labels)
-            m_points.connect(choice.chosen, point, ControlTransfer::Jump);
+            connectJump(choice.chosen, point, true);
     if (!standard)
         m_points.connect(choice.chosen, choice.behind);
 }
@@ -350,21 +388,21 @@ void FlowBuilder::visit(GotoStatement& node) {
     jumpTo(jump, targets);
     // Nobody knows where a jump to nowhere leads.
     if (targets.empty())
-        m_points.connect(jump, m_exit, ControlTransfer::Jump);
+        connectJump(jump, m_exit, false);
 }
 
 void FlowBuilder::visit(BreakStatement& node) {
-    m_points.connect(arriveAt(node), surroundings().behindBreak, ControlTransfer::Jump);
+    connectJump(arriveAt(node), surroundings().behindBreak, surroundings().isBreakPart);
 }
 
 void FlowBuilder::visit(ContinueStatement& node) {
-    m_points.connect(arriveAt(node), surroundings().behindContinue, ControlTransfer::Jump);
+    connectJump(arriveAt(node), surroundings().behindContinue, surroundings().isContinuePart);
 }
 
 void FlowBuilder::visit(ReturnStatement& node) {
     const PointId end = m_points.add();
     addValue(node.getValue(), arriveAt(node), end);
-    m_points.connect(end, m_exit, ControlTransfer::Jump);
+    connectJump(end, m_exit, false);
 }
 
 void FlowBuilder::visit(OpaqueStatement& node) {

@@ -43,6 +43,9 @@ private:
         PointId behindContinue;
         /// The innermost switch, none outside of all.
         std::optional<std::size_t> switchNumber;
+        /// Whether what is left or repeated is a part of an expression.
+        bool isBreakPart;
+        bool isContinuePart;
     };
     struct Switch {
         Kova::Tessel::SwitchStatement* statement;
@@ -100,9 +103,18 @@ private:
 
     [[nodiscard]] PointId arriveAt(Kova::Tessel::StatementBase& node);
     [[nodiscard]] PointId pointOf(const Kova::Tessel::LabelStatement& label);
+    [[nodiscard]] bool isPartOfExpression(const Kova::Tessel::LabelStatement& label) const;
     void jumpTo(PointId from, const JumpSources::Labels& labels);
-    [[nodiscard]] std::size_t surround(PointId behindBreak, PointId behindContinue,
-                                       std::optional<std::size_t> switchNumber);
+
+    // What happens inside an expression makes no difference to the way from its statement to another one.
+    [[nodiscard]] ControlTransfer outsideExpression(ControlTransfer transfer) const;
+    void connectChosen(PointId from, PointId to, ControlTransfer outcome);
+    void connectRound(PointId from, PointId to);
+    /// @param isToPart whether the target is in an expression, too.
+    void connectJump(PointId from, PointId to, bool isToPart);
+
+    [[nodiscard]] std::size_t surroundLoop(PointId behindBreak, PointId behindContinue);
+    [[nodiscard]] std::size_t surroundSwitch(PointId behindBreak, std::size_t number);
     [[nodiscard]] const Surroundings& surroundings() const { return m_surroundings[m_work.surroundings]; }
     /// @param out where the block ends, which is a place of the block itself.
     void walkStatementsOf(Kova::Tessel::BlockStatement& block, PointId in, PointId out, std::size_t surroundings);
