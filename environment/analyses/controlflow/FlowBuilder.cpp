@@ -13,7 +13,6 @@
 #include "environment/tessel/LabelStatement.h"
 #include "environment/tessel/OpaqueStatement.h"
 #include "environment/tessel/ReturnStatement.h"
-#include "environment/tessel/StatementExpression.h"
 #include "environment/tessel/SwitchStatement.h"
 #include "environment/tessel/TypedefDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
@@ -69,11 +68,10 @@ std::optional<bool> isNamedBy(const CaseStatement& label, std::int64_t value) {
 FlowBuilder::FlowBuilder(StatementBase& statement, const Options& options)
     : m_entry(m_points.add()),
       m_exit(m_points.add()),
+      m_viewed(options.viewed),
       m_facts(statement, options.splitsOperators),
       m_jumps(subroutineOf(statement)) {
-    for (const TesselBase* around = options.viewed; around != nullptr; around = around->getParent())
-        m_aroundViewed.insert(around);
-    m_surroundings.push_back({m_exit, m_exit, std::nullopt, false, false});
+    m_surroundings.push_back({m_exit, m_exit, std::nullopt});
     addStatement(&statement, m_entry, m_exit);
     run();
     connectEntries(statement);
@@ -134,7 +132,7 @@ void FlowBuilder::connectMissingLabels() {
 }
 
 PointId FlowBuilder::arriveAt(StatementBase& node) {
-    if (m_work.isInExpression)
+    if (m_work.isPart)
         return m_work.in;
     const PointId point = m_points.add();
     m_points[point].statement = &node;
@@ -151,52 +149,19 @@ PointId FlowBuilder::pointOf(const LabelStatement& label) {
 
 void FlowBuilder::jumpTo(PointId from, const JumpSources::Labels& labels) {
     for (const LabelStatement* label : labels) {
-        connectJump(from, pointOf(*label), isPartOfExpression(*label));
+        m_points.connect(from, pointOf(*label), ControlTransfer::Jump);
         m_jumpedTo.push_back(label);
     }
 }
 
-std::size_t FlowBuilder::surroundLoop(PointId behindBreak, PointId behindContinue) {
-    const bool isPart = m_work.isInExpression;
-    m_surroundings.push_back({behindBreak, behindContinue, surroundings().switchNumber, isPart, isPart});
+std::size_t FlowBuilder::surround(PointId behindBreak, PointId behindContinue,
+                                  std::optional<std::size_t> switchNumber) {
+    m_surroundings.push_back({behindBreak, behindContinue, switchNumber});
     return m_surroundings.size() - 1;
-}
-
-std::size_t FlowBuilder::surroundSwitch(PointId behindBreak, std::size_t number) {
-    const Surroundings around = surroundings();
-    m_surroundings.push_back(
-        {behindBreak, around.behindContinue, number, m_work.isInExpression, around.isContinuePart});
-    return m_surroundings.size() - 1;
-}
-
-bool FlowBuilder::isPartOfExpression(const LabelStatement& label) const {
-    if (!m_work.isInExpression)
-        return false;
-    for (const TesselBase* around = label.getParent(); around != nullptr; around = around->getParent())
-        if (dynamic_cast<const StatementExpression*>(around) != nullptr)
-            return m_aroundViewed.count(around) == 0;
-    return false;
-}
-
-ControlTransfer FlowBuilder::outsideExpression(ControlTransfer transfer) const {
-    return m_work.isInExpression ? ControlTransfer::Next : transfer;
-}
-
-void FlowBuilder::connectChosen(PointId from, PointId to, ControlTransfer outcome) {
-    m_points.connect(from, to, ControlTransfer::Next, outsideExpression(outcome));
-}
-
-void FlowBuilder::connectRound(PointId from, PointId to) {
-    m_points.connect(from, to, ControlTransfer::Back, outsideExpression(ControlTransfer::Back));
-}
-
-void FlowBuilder::connectJump(PointId from, PointId to, bool isToPart) {
-    m_points.connect(from, to, ControlTransfer::Jump,
-                     isToPart ? outsideExpression(ControlTransfer::Jump) : ControlTransfer::Jump);
 }
 
 void FlowBuilder::add(Work::Kind kind, TesselBase& node, PointId in, PointId out, PointId otherwise) {
-    m_added.push_back({kind, &node, in, out, otherwise, m_work.surroundings, m_work.isInExpression, 0});
+    m_added.push_back({kind, &node, in, out, otherwise, m_work.surroundings, false, 0});
 }
 
 void FlowBuilder::addStatement(StatementBase* statement, PointId in, PointId out) {
@@ -212,20 +177,11 @@ void FlowBuilder::addStatement(StatementBase* statement, PointId in, PointId out
     m_added.back().surroundings = surroundings;
 }
 
-void FlowBuilder::addPart(StatementBase* statement, PointId in, PointId out) {
-    addStatement(statement, in, out);
-    if (statement != nullptr && m_aroundViewed.count(statement) == 0)
-        m_added.back().isInExpression = true;
-}
-
 void FlowBuilder::walkStatementsOf(BlockStatement& block, PointId in, PointId out, std::size_t surroundings) {
-    PointId end = out;
-    if (!m_work.isInExpression) {
-        end = m_points.add();
-        m_points[end].statement = &block;
-        m_points[end].isEnd = true;
-        m_points.connect(end, out);
-    }
+    const PointId end = m_points.add();
+    m_points[end].statement = &block;
+    m_points[end].isEnd = true;
+    m_points.connect(end, out);
     for (std::size_t i = 0; i < block.getChildCount(); ++i) {
         const PointId next = i + 1 < block.getChildCount() ? m_points.add() : end;
         addStatement(block.getStatement(i), in, next, surroundings);
@@ -259,12 +215,16 @@ void FlowBuilder::visit(IfStatement& node) {
     const PointId then = m_points.add();
     const PointId notChosen = m_points.add();
     const PointId otherwise = node.getElseBlock() != nullptr ? m_points.add() : m_work.out;
-    connectChosen(chosen, then, ControlTransfer::True);
-    connectChosen(notChosen, otherwise, ControlTransfer::False);
+    m_points.connect(chosen, then, ControlTransfer::Next, ControlTransfer::True);
+    m_points.connect(notChosen, otherwise, ControlTransfer::Next, ControlTransfer::False);
     addCondition(node.getCondition(), arriveAt(node), chosen, notChosen);
     addStatement(node.getThenBlock(), then, m_work.out);
-    if (node.getElseBlock() != nullptr)
-        addStatement(node.getElseBlock(), otherwise, m_work.out);
+    // The block of an else-if has no braces that control could pass.
+    StatementBase* elseBranch = node.getElseBlock();
+    if (elseBranch != m_viewed && node.getElseIf() != nullptr)
+        elseBranch = node.getElseIf();
+    if (elseBranch != nullptr)
+        addStatement(elseBranch, otherwise, m_work.out);
 }
 
 void FlowBuilder::visit(WhileStatement& node) {
@@ -273,11 +233,11 @@ void FlowBuilder::visit(WhileStatement& node) {
     const PointId inside = m_points.add();
     const PointId done = m_points.add();
     const PointId again = m_points.add();
-    connectChosen(chosen, inside, ControlTransfer::True);
-    connectChosen(done, m_work.out, ControlTransfer::False);
-    connectRound(again, start);
+    m_points.connect(chosen, inside, ControlTransfer::Next, ControlTransfer::True);
+    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
+    m_points.connect(again, start, ControlTransfer::Back);
     addCondition(node.getCondition(), start, chosen, done);
-    addStatement(node.getBody(), inside, again, surroundLoop(m_work.out, again));
+    addStatement(node.getBody(), inside, again, surround(m_work.out, again, surroundings().switchNumber));
 }
 
 void FlowBuilder::visit(DoWhileStatement& node) {
@@ -287,9 +247,9 @@ void FlowBuilder::visit(DoWhileStatement& node) {
     const PointId again = m_points.add();
     const PointId done = m_points.add();
     m_points.connect(start, inside);
-    connectRound(again, inside);
-    connectChosen(done, m_work.out, ControlTransfer::False);
-    addStatement(node.getBody(), inside, tested, surroundLoop(m_work.out, tested));
+    m_points.connect(again, inside, ControlTransfer::Back);
+    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
+    addStatement(node.getBody(), inside, tested, surround(m_work.out, tested, surroundings().switchNumber));
     // The loop itself is where control is before its condition.
     m_work.in = tested;
     addCondition(node.getCondition(), arriveAt(node), again, done);
@@ -303,15 +263,17 @@ void FlowBuilder::visit(ForStatement& node) {
     const PointId done = m_points.add();
     const PointId ended = m_points.add();
     const PointId arriving = m_points.add();
-    connectChosen(chosen, inside, ControlTransfer::True);
-    connectChosen(done, m_work.out, ControlTransfer::False);
-    addPart(node.getInitialization(), start, decided);
+    m_points.connect(chosen, inside, ControlTransfer::Next, ControlTransfer::True);
+    m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
+    addStatement(node.getInitialization(), start, decided);
+    if (node.getInitialization() != nullptr)
+        m_added.back().isPart = true;
     if (node.getCondition() != nullptr)
         addCondition(node.getCondition(), decided, chosen, done);
     else
         m_points.connect(decided, chosen);
-    addStatement(node.getBody(), inside, ended, surroundLoop(m_work.out, ended));
-    m_points.connect(ended, arriving, ControlTransfer::Next, outsideExpression(ControlTransfer::Back));
+    addStatement(node.getBody(), inside, ended, surround(m_work.out, ended, surroundings().switchNumber));
+    m_points.connect(ended, arriving, ControlTransfer::Next, ControlTransfer::Back);
     // The loop itself is where control is before its increment.
     m_work.in = arriving;
     const PointId again = m_points.add();
@@ -327,7 +289,8 @@ void FlowBuilder::visit(SwitchStatement& node) {
     m_switches.push_back({&node, chosen, m_work.out, {}});
     // Control comes into the body by its labels only.
     if (node.getBody() != nullptr)
-        walkStatementsOf(*node.getBody(), m_points.add(), m_work.out, surroundSwitch(m_work.out, number));
+        walkStatementsOf(*node.getBody(), m_points.add(), m_work.out,
+                         surround(m_work.out, surroundings().behindContinue, number));
     add(Work::Kind::Choice, node, chosen, m_work.out);
     m_added.back().switchNumber = number;
 }
@@ -348,12 +311,12 @@ void FlowBuilder::connectChoice() {
             named = point;
     }
     if (isKnown && (named || standard)) {
-        connectJump(choice.chosen, named ? *named : *standard, true);
+        m_points.connect(choice.chosen, named ? *named : *standard, ControlTransfer::Jump);
         return;
     }
     if (!isKnown)
         for (const auto& [label, point] : choice.labels)
-            connectJump(choice.chosen, point, true);
+            m_points.connect(choice.chosen, point, ControlTransfer::Jump);
     if (!standard)
         m_points.connect(choice.chosen, choice.behind);
 }
@@ -388,21 +351,21 @@ void FlowBuilder::visit(GotoStatement& node) {
     jumpTo(jump, targets);
     // Nobody knows where a jump to nowhere leads.
     if (targets.empty())
-        connectJump(jump, m_exit, false);
+        m_points.connect(jump, m_exit, ControlTransfer::Jump);
 }
 
 void FlowBuilder::visit(BreakStatement& node) {
-    connectJump(arriveAt(node), surroundings().behindBreak, surroundings().isBreakPart);
+    m_points.connect(arriveAt(node), surroundings().behindBreak, ControlTransfer::Jump);
 }
 
 void FlowBuilder::visit(ContinueStatement& node) {
-    connectJump(arriveAt(node), surroundings().behindContinue, surroundings().isContinuePart);
+    m_points.connect(arriveAt(node), surroundings().behindContinue, ControlTransfer::Jump);
 }
 
 void FlowBuilder::visit(ReturnStatement& node) {
     const PointId end = m_points.add();
     addValue(node.getValue(), arriveAt(node), end);
-    connectJump(end, m_exit, false);
+    m_points.connect(end, m_exit, ControlTransfer::Jump);
 }
 
 void FlowBuilder::visit(OpaqueStatement& node) {
