@@ -4,7 +4,6 @@
 #include "environment/analyses/controlflow/ControlFlowGraph.h"
 #include "environment/tessel/BlockStatement.h"
 #include "visualization/controlflow/GraphFactory.h"
-#include "visualization/controlflow/PrintedFlow.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 #include "visualization/textgraph/WordLayout.h"
@@ -83,14 +82,15 @@ void ControlFlowGraphWidget::convertTextToNodes(const TextGraph::ProgramLines& t
 }
 
 void ControlFlowGraphWidget::convertCFGToEdges(const ::ControlFlowGraph& graph, const GraphFactory& factory) {
-    PrintedFlow flow(graph, factory);
     for (const StatementBase* from : graph.getStatements()) {
-        for (const auto& [to, kind] : flow.getTransfers(from)) {
-            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(from, to);
+        const std::vector<const StatementBase*>& successors = graph.getSuccessors(from);
+        const std::vector<ControlTransfer>& kinds = graph.getTransfers(from);
+        for (std::size_t i = 0; i < successors.size(); ++i) {
+            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(from, successors[i]);
             if (!edge)
                 continue;
             edges().add(edge.release());
-            m_transfers.push_back({from, to, kind});
+            m_transfers.push_back({from, successors[i], kinds[i]});
         }
     }
     moveCloseLinesApart();

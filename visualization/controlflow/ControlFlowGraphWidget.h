@@ -30,8 +30,7 @@ class VISUALIZATION_EXPORT ControlFlowGraphWidget : public TextGraph::TextGraphW
     Q_OBJECT
 
 public:
-    /// What an edge stands for: control goes from one statement to the other, through nothing but statements without a
-    /// line. Where it goes to null it ends the subroutine.
+    /// What an edge stands for. Where control goes to null it ends the subroutine.
     struct Transfer {
         const Tessel::StatementBase* from = nullptr;
         const Tessel::StatementBase* to = nullptr;

@@ -3,7 +3,6 @@
 
 #include "environment/core/Console.h"
 #include "environment/tessel/IfStatement.h"
-#include "visualization/controlflow/Nesting.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 
@@ -17,6 +16,17 @@ using TextGraph::GraphNodeBase;
 using TextGraph::NodeBase;
 
 namespace {
+
+/// Whether a statement, null for none, stands in a block with nothing but statements between them. The block itself
+/// does not.
+bool isInside(const StatementBase* statement, const BlockStatement& block) {
+    // The common case: control comes from the statement that the block is part of.
+    if (statement == block.getParent())
+        return false;
+    while (statement != nullptr && statement->getParent() != &block)
+        statement = dynamic_cast<const StatementBase*>(statement->getParent());
+    return statement != nullptr;
+}
 
 GraphNodeBase* lastOf(const QList<GraphNodeBase*>& nodes) {
     return nodes.isEmpty() ? nullptr : nodes.last();
@@ -41,11 +51,6 @@ NodeBase* GraphFactory::createNode(const QPoint& pos, const QString& text, const
     auto node = std::make_unique<GraphNodeBase>(pos, text);
     entry->second.append(node.get());
     return node.release();
-}
-
-bool GraphFactory::isUnprinted(const StatementBase* statement) const {
-    const Nodes* nodes = findNodes(statement);
-    return nodes != nullptr && nodes->isEmpty();
 }
 
 std::unique_ptr<EdgeBase> GraphFactory::createEdge(const StatementBase* from, const StatementBase* to) const {

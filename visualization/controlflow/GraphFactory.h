@@ -41,8 +41,6 @@ public:
     /// they are made; they must live as long as edges are made.
     [[nodiscard]] TextGraph::NodeBase* createNode(const QPoint& pos, const QString& text,
                                                   const Tessel::TesselBase* object);
-    /// Whether the statement was announced and has opened no line so far.
-    [[nodiscard]] bool isUnprinted(const Tessel::StatementBase* statement) const;
     /// The blue edge of a transfer of control. Of a statement of several lines it leaves or enters the one where
     /// control is: a block at its opening brace when it is entered and at its closing one when it is left, any other
     /// statement at its last line, a branch at its last but one, where it tests.

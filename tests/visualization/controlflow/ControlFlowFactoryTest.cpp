@@ -97,7 +97,6 @@ private Q_SLOTS:
 
     void linesOfRegisteredStatementsAreNodes();
     void registeringAgainKeepsTheLines();
-    void statementsWithoutLines();
     void theExternalNode();
     void edgesAreBlueAndShown();
 
@@ -159,16 +158,6 @@ void ControlFlowFactoryTest::registeringAgainKeepsTheLines() {
     page.add(m_first, 1);
     page.factory.registerStmt(m_root.get());
     QCOMPARE(page.edge(m_root.get(), m_first), QString("0>0"));
-}
-
-void ControlFlowFactoryTest::statementsWithoutLines() {
-    Page page;
-    QVERIFY(!page.factory.isUnprinted(m_first));
-    QVERIFY(!page.factory.isUnprinted(nullptr));
-    page.add(m_first, 0);
-    QVERIFY(page.factory.isUnprinted(m_first));
-    page.addLine(m_first);
-    QVERIFY(!page.factory.isUnprinted(m_first));
 }
 
 void ControlFlowFactoryTest::theExternalNode() {
