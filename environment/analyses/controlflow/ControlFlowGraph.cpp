@@ -56,12 +56,18 @@ private:
             const StatementBase* statement = statements[number];
             const std::size_t last = lastInside.try_emplace(statement, number).first->second;
             const TesselBase* around = statement->getParent();
-            while (around != nullptr && dynamic_cast<const BlockStatement*>(around) == nullptr)
+            while (around != nullptr && !isPassed(*around))
                 around = around->getParent();
             lastInside.try_emplace(around, last);
             for (const PointId place : m_placesOf[statement])
                 m_orderOf[place] = points[place].isEnd ? 2 * last + 1 : 2 * number;
         }
+    }
+
+    /// Whether control passes the braces of the node: the block of an else-if has none.
+    [[nodiscard]] bool isPassed(const TesselBase& node) const {
+        const auto* block = dynamic_cast<const BlockStatement*>(&node);
+        return block != nullptr && m_placesOf.count(block) != 0;
     }
 
     void addStatement(const StatementBase& statement) {
