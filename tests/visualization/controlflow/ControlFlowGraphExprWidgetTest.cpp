@@ -10,6 +10,7 @@
 #include "tests/visualization/controlflow/FlowSample.h"
 #include "tests/visualization/depgraph/BracketingTranslator.h"
 #include "tests/visualization/graphcore/FakeDot.h"
+#include "tests/visualization/graphcore/ObservedWidget.h"
 #include "visualization/controlflow/Node.h"
 #include "visualization/controlflow/RowLayout.h"
 
@@ -17,7 +18,6 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QMetaMethod>
-#include <QMouseEvent>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -31,8 +31,8 @@ namespace {
 
 using BasicBlock = ::ControlFlowGraphExpr::BasicBlock;
 
-/// A widget that lets tests look inside and counts its repaints.
-class TestedWidget : public ControlFlowGraphExprWidget {
+/// A widget that lets tests look inside.
+class TestedWidget : public ObservedWidget<ControlFlowGraphExprWidget> {
 public:
     using ControlFlowGraphExprWidget::contextMenu;
     using ControlFlowGraphExprWidget::edgePolygons;
@@ -63,19 +63,6 @@ public:
         for (const NodeBase* shown : getNodes())
             centers.push_back(shown->getCenter());
         return centers;
-    }
-    bool mouse(QEvent::Type type, const QPoint& position, Qt::MouseButton button = Qt::NoButton,
-               Qt::MouseButtons buttons = Qt::NoButton) {
-        QMouseEvent event(type, position, viewport()->mapToGlobal(position), button, buttons, Qt::NoModifier);
-        return viewportEvent(&event) && event.isAccepted();
-    }
-
-    int repaints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        ++repaints;
-        ControlFlowGraphExprWidget::paintEvent(event);
     }
 };
 
@@ -401,18 +388,11 @@ void ControlFlowGraphExprWidgetTest::buildsRepaint() {
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
     const auto statement = block(set());
-    const auto repaintsAfter = [this](auto&& action) {
-        QCoreApplication::processEvents();
-        const int before = m_widget->repaints;
-        action();
-        QCoreApplication::processEvents();
-        return m_widget->repaints - before;
-    };
-    QVERIFY(repaintsAfter([&] { show(*statement); }) > 0);
-    QVERIFY(repaintsAfter([&] { show(*statement); }) > 0);
-    QVERIFY(repaintsAfter([&] { m_widget->onNewStatement(nullptr); }) > 0);
-    QVERIFY(repaintsAfter([&] { m_widget->onNewStatement(nullptr); }) > 0);
-    QCOMPARE(repaintsAfter([] {}), 0);
+    QVERIFY(m_widget->repaintsAfter([&] { show(*statement); }) > 0);
+    QVERIFY(m_widget->repaintsAfter([&] { show(*statement); }) > 0);
+    QVERIFY(m_widget->repaintsAfter([&] { m_widget->onNewStatement(nullptr); }) > 0);
+    QVERIFY(m_widget->repaintsAfter([&] { m_widget->onNewStatement(nullptr); }) > 0);
+    QCOMPARE(m_widget->repaintsAfter([] {}), 0);
 }
 
 void ControlFlowGraphExprWidgetTest::edgesAreFound() {

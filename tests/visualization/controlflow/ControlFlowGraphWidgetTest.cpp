@@ -202,18 +202,11 @@ void ControlFlowGraphWidgetTest::buildsRepaint() {
     TestedFlowWidget widget;
     widget.show();
     QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    const auto repaintsAfter = [&widget](auto&& action) {
-        QCoreApplication::processEvents();
-        const int before = widget.repaints;
-        action();
-        QCoreApplication::processEvents();
-        return widget.repaints - before;
-    };
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(sample.block.get(), true); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewGraph(graph, *sample.block, true); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr, true); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr, true); }), 1);
-    QCOMPARE(repaintsAfter([] {}), 0);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(sample.block.get(), true); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewGraph(graph, *sample.block, true); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr, true); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr, true); }), 1);
+    QCOMPARE(widget.repaintsAfter([] {}), 0);
 }
 
 void ControlFlowGraphWidgetTest::linesTellTheirStatements() {

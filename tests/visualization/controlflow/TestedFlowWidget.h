@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/visualization/graphcore/ObservedWidget.h"
 #include "visualization/controlflow/ControlFlowGraphWidget.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 
-#include <QCoreApplication>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QStringList>
 
-/// A widget that lets tests look inside and counts its repaints.
-class TestedFlowWidget : public Kova::GUI::ControlFlowGraph::ControlFlowGraphWidget {
+/// A widget that lets tests look inside.
+class TestedFlowWidget : public ObservedWidget<Kova::GUI::ControlFlowGraph::ControlFlowGraphWidget> {
 public:
     using ControlFlowGraphWidget::convertTextToNodes;
     using ControlFlowGraphWidget::edgePolygons;
@@ -36,20 +35,5 @@ public:
             arrows.append(
                 QString("%1>%2").arg(getNodeCoords(shown->getFrom()).x()).arg(getNodeCoords(shown->getTo()).x()));
         return arrows;
-    }
-
-    /// Sends the viewport a mouse event.
-    void mouse(QEvent::Type type, const QPoint& position, Qt::MouseButton button = Qt::NoButton,
-               Qt::MouseButtons buttons = Qt::NoButton) {
-        QMouseEvent event(type, position, viewport()->mapToGlobal(position), button, buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &event);
-    }
-
-    int repaints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        ++repaints;
-        ControlFlowGraphWidget::paintEvent(event);
     }
 };

@@ -268,18 +268,11 @@ void DepGraphWidgetTest::buildsRepaint() {
     TestedWidget widget;
     widget.show();
     QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    const auto repaintsAfter = [&widget](auto&& action) {
-        QCoreApplication::processEvents();
-        const int before = widget.repaints;
-        action();
-        QCoreApplication::processEvents();
-        return widget.repaints - before;
-    };
-    QCOMPARE(repaintsAfter([&] { widget.build(sample); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewGraph(nullptr, sample.block.get()); }), 1);
-    QCOMPARE(repaintsAfter([] {}), 0);
+    QCOMPARE(widget.repaintsAfter([&] { widget.build(sample); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewGraph(nullptr, sample.block.get()); }), 1);
+    QCOMPARE(widget.repaintsAfter([] {}), 0);
 }
 
 QTEST_MAIN(DepGraphWidgetTest)
