@@ -3,6 +3,7 @@
 
 #include "environment/analyses/controlflow/ControlFlowGraph.h"
 #include "environment/core/Exception.h"
+#include "tests/environment/support/HeardLines.h"
 #include "tests/visualization/controlflow/FlowSample.h"
 #include "tests/visualization/controlflow/TestedFlowWidget.h"
 #include "tests/visualization/graphcore/VirtualSlot.h"
@@ -127,6 +128,11 @@ void ControlFlowGraphWidgetTest::theGraphStaysTheCallers() {
     QVERIFY(widget.isBuilded());
     QVERIFY(widget.getEdges().isEmpty());
     QCOMPARE(widget.getLines().size(), 16);
+    const HeardLines heard;
+    widget.onNewGraph(graph, *stranger.block, true);
+    QVERIFY(widget.getEdges().isEmpty());
+    // The 15 transfers inside, and both that end outside.
+    QCOMPARE(heard.lines, std::vector<std::string>(17, "CFGraphVisual 4 Statement not found."));
 }
 
 void ControlFlowGraphWidgetTest::nullBlocksEmptyTheView() {

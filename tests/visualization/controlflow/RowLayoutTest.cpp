@@ -59,10 +59,10 @@ void RowLayoutTest::wideBoxesMoveRight() {
     NodeBase& second = graph.add("second", 100);
     graph.join(root, first);
     graph.join(root, second);
-    // Boxes start at 0 and are 30 apart.
-    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{200, 50}, {100, 200}, {280, 200}}));
+    // Boxes start at 10 and are 30 apart.
+    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{210, 50}, {110, 200}, {290, 200}}));
     second.setSize(140, 20);
-    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{200, 50}, {100, 200}, {300, 200}}));
+    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{210, 50}, {110, 200}, {310, 200}}));
 }
 
 // Rows would have their centres at 50, 200, 350 and 500.
@@ -71,8 +71,8 @@ void RowLayoutTest::tallBoxesMoveRowsDown() {
     graph.node(0).setSize(40, 120);
     graph.node(1).setSize(40, 180);
     graph.node(2).setSize(40, 30);
-    // From 0 to 120, 50 below from 170 to 350, then from 400; the last row is where it was.
-    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{50, 60}, {50, 260}, {50, 415}, {50, 500}}));
+    // From 10 to 130, 50 below from 180 to 360, then from 410; the last row is where it was.
+    QCOMPARE(laidOut(graph), (std::vector<QPoint>{{50, 70}, {50, 270}, {50, 425}, {50, 500}}));
 }
 
 void RowLayoutTest::nothingOverlaps() {
@@ -84,8 +84,8 @@ void RowLayoutTest::nothingOverlaps() {
         laidOut(graph);
         const std::vector<NodeBase*> nodes = graph.nodes();
         for (std::size_t i = 0; i < nodes.size(); ++i) {
-            QVERIFY(nodes[i]->getX() >= 0);
-            QVERIFY(nodes[i]->getY() >= 0);
+            QVERIFY(nodes[i]->getX() >= 10);
+            QVERIFY(nodes[i]->getY() >= 10);
             for (std::size_t j = i + 1; j < nodes.size(); ++j)
                 QVERIFY(!nodes[i]->getRect().adjusted(-14, -14, 14, 14).intersects(nodes[j]->getRect()));
         }
