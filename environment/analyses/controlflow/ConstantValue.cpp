@@ -113,6 +113,13 @@ Constant shifted(BinaryOperator operation, std::int64_t left, std::int64_t right
     return computed(value, type);
 }
 
+/// None for what is no integer; but null pointers are known.
+Constant converted(std::int64_t value, const Type& type) {
+    if (const std::optional<IntegerType> integer = Service::asInteger(&type))
+        return converted(value, *integer);
+    return value == 0 && Service::asPointer(&type) != nullptr ? Constant(value) : std::nullopt;
+}
+
 class Evaluator : private BaseVisitor {
 public:
     Constant evaluate(const ExpressionBase* expression) {
@@ -124,6 +131,14 @@ public:
         const_cast<ExpressionBase*>(expression)->accept(*this);
         --m_depth;
         return std::exchange(m_result, std::nullopt);
+    }
+    std::optional<bool> decide(const ExpressionBase* expression) {
+        // An address that nobody knows, but never null.
+        const auto* literal = dynamic_cast<const LiteralExpression*>(expression);
+        if (literal != nullptr && literal->getKind() == LiteralExpression::Kind::String)
+            return true;
+        const Constant value = evaluate(expression);
+        return value ? std::optional(*value != 0) : std::nullopt;
     }
 
 private:
@@ -137,10 +152,8 @@ private:
     void visit(EnumeratorReference& node) override { m_result = node.getEnumerator().getValue(); }
     void visit(CastExpression& node) override {
         const Constant value = evaluate(node.getOperand());
-        const std::optional<IntegerType> type = Service::asInteger(node.getType());
-        // Null pointers are the only ones known.
-        if (value && (type || (*value == 0 && Service::asPointer(node.getType()) != nullptr)))
-            m_result = type ? converted(*value, *type) : value;
+        if (value && node.getType() != nullptr)
+            m_result = converted(*value, *node.getType());
     }
     void visit(TypeQueryExpression& node) override {
         const Type* type = node.getOperand() != nullptr ? node.getOperand()->getType() : node.getQueriedType();
@@ -152,16 +165,19 @@ private:
         m_result = evaluate(node.getAssociationValue(node.getChosen()));
     }
     void visit(ConditionalExpression& node) override {
-        const Constant condition = evaluate(node.getCondition());
-        if (!condition)
+        const std::optional<bool> isFirst = decide(node.getCondition());
+        if (!isFirst)
             return;
-        const bool isFirst = *condition != 0;
-        const Constant value =
-            isFirst && node.getFirst() == nullptr ? condition : evaluate(isFirst ? node.getFirst() : node.getSecond());
-        if (value)
-            m_result = converted(*value, typeOf(node));
+        const ExpressionBase* first = node.getFirst() != nullptr ? node.getFirst() : node.getCondition();
+        const Constant value = evaluate(*isFirst ? first : node.getSecond());
+        m_result = value && node.getType() != nullptr ? converted(*value, *node.getType()) : value;
     }
     void visit(UnaryExpression& node) override {
+        if (node.getOperator() == UnaryOperator::LogicalNot) {
+            if (const std::optional<bool> holds = decide(node.getOperand()))
+                m_result = *holds ? 0 : 1;
+            return;
+        }
         const Constant value = evaluate(node.getOperand());
         if (!value || node.getOperand() == nullptr)
             return;
@@ -177,29 +193,29 @@ private:
         case UnaryOperator::BitwiseNot:
             m_result = computed(-Wide{*value} - 1, type);
             break;
-        case UnaryOperator::LogicalNot:
-            m_result = *value == 0 ? 1 : 0;
-            break;
         default:
             break;
         }
     }
     void visit(BinaryExpression& node) override {
         const BinaryOperator operation = node.getOperator();
-        const Constant left = evaluate(node.getLeft());
-        const Constant right = evaluate(node.getRight());
         if (operation == BinaryOperator::LogicalAnd || operation == BinaryOperator::LogicalOr) {
+            const std::optional<bool> left = decide(node.getLeft());
+            const std::optional<bool> right = decide(node.getRight());
             // One operand may decide, wherever it stands.
             const bool deciding = operation == BinaryOperator::LogicalOr;
-            if ((left && (*left != 0) == deciding) || (right && (*right != 0) == deciding))
+            if (left == deciding || right == deciding)
                 m_result = deciding ? 1 : 0;
             else if (left && right)
                 m_result = deciding ? 0 : 1;
-        } else if (operation == BinaryOperator::Comma) {
-            m_result = right;
-        } else if (left && right) {
-            m_result = combine(node, *left, *right);
+            return;
         }
+        const Constant left = evaluate(node.getLeft());
+        const Constant right = evaluate(node.getRight());
+        if (operation == BinaryOperator::Comma)
+            m_result = right;
+        else if (left && right)
+            m_result = combine(node, *left, *right);
     }
 
     static Constant combine(const BinaryExpression& node, std::int64_t left, std::int64_t right) {
@@ -221,6 +237,10 @@ private:
 
 std::optional<std::int64_t> constantOf(const ExpressionBase& expression) {
     return Evaluator().evaluate(&expression);
+}
+
+std::optional<bool> truthOf(const ExpressionBase& expression) {
+    return Evaluator().decide(&expression);
 }
 
 } // namespace ControlFlow

@@ -15,4 +15,8 @@ namespace ControlFlow {
 /// expressions nested more than a hundred deep. What else the expression does is not asked.
 [[nodiscard]] std::optional<std::int64_t> constantOf(const Kova::Tessel::ExpressionBase& expression);
 
+/// Whether an expression holds whenever it is evaluated. That is known of constants, and of strings: their addresses
+/// are never null.
+[[nodiscard]] std::optional<bool> truthOf(const Kova::Tessel::ExpressionBase& expression);
+
 } // namespace ControlFlow
