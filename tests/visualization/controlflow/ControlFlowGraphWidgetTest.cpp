@@ -271,7 +271,9 @@ void ControlFlowGraphWidgetTest::nothingIsToldOfAClearedPicture() {
     TestedFlowWidget widget;
     auto sample = std::make_unique<FlowSample>();
     widget.onNewBlock(sample->block.get(), true);
+    const NodeBase* gone = &widget.node(0);
     widget.clear();
+    QVERIFY(widget.findStatement(gone) == nullptr);
     sample.reset();
     QVERIFY(widget.getTransfer(0).from == nullptr);
     QVERIFY(widget.getExternalNode() == nullptr);
