@@ -7,8 +7,10 @@
 #include <QStandardPaths>
 #include <QtTest>
 
+#include <csignal>
 #include <locale>
 #include <sstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -54,6 +56,7 @@ private Q_SLOTS:
     void dumpsTextsAsTheyAre();
     void dumpsOnlyEdgesBetweenTheNodes();
     void dumpsThousandsOfNodes();
+    void everyDumpBeginsAnew();
     void readsNodes();
     void truncatesPositions();
     void ignoresWhatItDoesNotKnow();
@@ -61,6 +64,7 @@ private Q_SLOTS:
     void linesOfLabelsAreNoWords();
     void brokenResultsMoveNothing();
     void numbersDoNotDependOnThePlace();
+    void numbersForDotDoNotDependOnThePlace();
     void asksDot();
     void realDotMakesLayers();
     void withoutDotNodesStay();
@@ -68,6 +72,8 @@ private Q_SLOTS:
     void tellsWhetherDotPlacedTheNodes();
     void doesNotFollowLinks();
     void doesNotWaitForPipes();
+    void leavesFilesOfOthersAlone();
+    void fullDisks();
 };
 
 void GraphvisLayoutTest::init() {
@@ -119,6 +125,22 @@ void GraphvisLayoutTest::dumpsThousandsOfNodes() {
     QVERIFY(QString::fromStdString(out.str()).endsWith("N1234->N1000;\n}\n"));
 }
 
+void GraphvisLayoutTest::everyDumpBeginsAnew() {
+    const LayoutGraph graph(3, {{0, 2}, {0, 1}});
+    GraphvisLayout layout;
+    std::ostringstream unused;
+    layout.dumpNodes(graph.nodes(), unused);
+    std::ostringstream out;
+    layout.dumpNodes({&graph.node(1), &graph.node(0)}, out);
+    QCOMPARE(QString::fromStdString(out.str()), dumped({&graph.node(1), &graph.node(0)}));
+    QVERIFY(out.str().find("N1->N0;\n}\n") != std::string::npos);
+    for (NodeBase* node : graph.nodes())
+        node->moveTo(7, 8);
+    std::istringstream in("graph 1 5 3\nnode N0 1 1 1 1 a\nnode N2 1 1 1 1 a\nstop\n");
+    layout.readPlain(in);
+    QCOMPARE(graph.centers(), (std::vector<QPoint>{{7, 8}, {100, 200}, {7, 8}}));
+}
+
 void GraphvisLayoutTest::readsNodes() {
     const LayoutGraph graph(2, {});
     const std::vector<QPoint> centers = placed(graph, "graph 1 5 3\n"
@@ -161,7 +183,7 @@ void GraphvisLayoutTest::linesOfLabelsAreNoWords() {
     const LayoutGraph graph(3, {});
     const std::vector<QPoint> centers = placed(graph, "graph 1 5 3\n"
                                                       "node N0 1 1 1 1 \"a = 1\nstop\nnode N1 4 2 1 1\" solid box\n"
-                                                      "node N1 2 1 1 1 \"say \\\"\nstop\\\\\" solid box\n"
+                                                      "node N1 2 1 1 1 \"say \\\"\nstop now\\\\\" solid box\n"
                                                       "node N2 3 1 1 1 c solid box\n"
                                                       "stop\n");
     QCOMPARE(centers[0], QPoint(100, 200));
@@ -184,6 +206,15 @@ void GraphvisLayoutTest::numbersDoNotDependOnThePlace() {
     const QPoint center = placed(graph, "graph 1 5.5 3.5\nnode N0 2.5 1.5 1 1 a\n").front();
     std::locale::global(before);
     QCOMPARE(center, QPoint(250, 200));
+}
+
+void GraphvisLayoutTest::numbersForDotDoNotDependOnThePlace() {
+    const FakeDot dot("");
+    const LayoutGraph graph(1235, {});
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaNumbers));
+    GraphvisLayout().layOut(graph.nodes());
+    std::locale::global(before);
+    QVERIFY(contentOf(dotFile).contains("N1234[ label = "));
 }
 
 void GraphvisLayoutTest::asksDot() {
@@ -295,6 +326,40 @@ void GraphvisLayoutTest::doesNotWaitForPipes() {
         QCOMPARE(graph.centers().front(), QPoint(7, 8));
         QVERIFY(QFile::remove(path));
     }
+}
+
+void GraphvisLayoutTest::leavesFilesOfOthersAlone() {
+    if (::geteuid() != 0)
+        QSKIP("Only root can give files away.");
+    const FakeDot dot("graph 1 5 3\nnode N0 2.5 1 0.75 0.5 b\nstop\n");
+    const LayoutGraph graph(1, {});
+    graph.node(0).moveTo(7, 8);
+    for (const char* path : {dotFile, plainFile}) {
+        write(path, "keep");
+        QCOMPARE(::chown(path, 65534, 65534), 0);
+        GraphvisLayout().layOut(graph.nodes());
+        QCOMPARE(contentOf(path), QByteArray("keep"));
+        QCOMPARE(graph.centers().front(), QPoint(7, 8));
+        QVERIFY(QFile::remove(path));
+    }
+}
+
+// What was written before there was no more room is no graph.
+void GraphvisLayoutTest::fullDisks() {
+    const FakeDot dot("graph 1 5 3\nnode N0 2.5 1 0.75 0.5 b\nstop\n");
+    write(plainFile, "");
+    const LayoutGraph graph(1, {});
+    GraphvisLayout layout;
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before = {};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit none = {0, before.rlim_max};
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &none), 0);
+    layout.layOut(graph.nodes());
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    QVERIFY(QFile::exists(dotFile));
+    QVERIFY(!layout.hasSucceeded());
 }
 
 QTEST_APPLESS_MAIN(GraphvisLayoutTest)
