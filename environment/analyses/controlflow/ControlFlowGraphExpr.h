@@ -46,7 +46,8 @@ public:
     ControlFlowGraphExpr(const ControlFlowGraphExpr&) = delete;
     ControlFlowGraphExpr& operator=(const ControlFlowGraphExpr&) = delete;
 
-    /// The entry, the blocks in the order in which the program writes what they evaluate, the exit.
+    /// The entry, the blocks in the order in which the program writes what they evaluate, where the increment of a loop
+    /// counts as the end of its body, the exit.
     [[nodiscard]] const std::vector<BasicBlock*>& getBasicBlocks() const { return m_blocks; }
     /// Null in an empty graph, as the exit is.
     [[nodiscard]] BasicBlock* getEntry() const { return m_blocks.empty() ? nullptr : m_blocks.front(); }

@@ -15,7 +15,8 @@
 namespace ControlFlow {
 
 /// Follows a statement's execution and notes every place that it passes: where control is at a statement, and where an
-/// expression is evaluated, numbered in the order in which the program writes what happens there.
+/// expression is evaluated, numbered in the order in which the program writes what happens there; the increment of a
+/// loop counts as the end of its body.
 ///
 /// Every piece of work says what stands between two points that exist already, so none waits for another and the depth
 /// of the program's nesting does not matter.

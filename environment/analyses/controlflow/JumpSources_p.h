@@ -21,9 +21,8 @@ public:
 
     using Labels = std::vector<const Kova::Tessel::LabelStatement*>;
 
-    /// All that a computed goto may lead to, in program order: the labels whose addresses are taken.
-    [[nodiscard]] const Labels& getTakenLabels() const { return m_taken; }
-    /// Where a goto may lead to, in program order; none for a label that does not exist.
+    /// Where a goto may lead to, in program order; none for a label that does not exist. A computed one may lead to all
+    /// labels whose addresses are taken.
     [[nodiscard]] Labels targetsOf(const Kova::Tessel::GotoStatement& jump) const;
     /// Where inline assembly may jump to: the labels that it names. Most assembly does not jump.
     [[nodiscard]] Labels targetsOf(const Kova::Tessel::OpaqueStatement& assembly) const;
