@@ -55,10 +55,10 @@ private:
         for (std::size_t number = statements.size(); number-- > 0;) {
             const StatementBase* statement = statements[number];
             const std::size_t last = lastInside.try_emplace(statement, number).first->second;
+            // Where another statement was noted, its way up was the same.
             const TesselBase* around = statement->getParent();
-            while (around != nullptr && !isPassed(*around))
+            while (around != nullptr && lastInside.try_emplace(around, last).second && !isPassed(*around))
                 around = around->getParent();
-            lastInside.try_emplace(around, last);
             for (const PointId place : m_placesOf[statement])
                 m_orderOf[place] = points[place].isEnd ? 2 * last + 1 : 2 * number;
         }
