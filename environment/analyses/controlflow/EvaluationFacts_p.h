@@ -24,7 +24,7 @@ public:
     /// others.
     [[nodiscard]] std::vector<Kova::Tessel::ExpressionBase*> partsOf(Kova::Tessel::ExpressionBase& expression) const;
     /// Whether control does not get behind an expression, parts that are taken apart left out of account: it always
-    /// calls what never returns.
+    /// calls what never returns. Operands of what is kept as text may be left out by it.
     [[nodiscard]] bool neverEnds(Kova::Tessel::ExpressionBase& expression) const;
 
 private:
