@@ -15,15 +15,11 @@
 
 #include <QAction>
 
-#include <algorithm>
 #include <map>
 
 namespace Kova::GUI::CallGraph {
 
 namespace {
-
-/// Space beyond the rightmost and the lowest box.
-constexpr int graphMargin = 50;
 
 void logLine(Console::Level level, const char* text) {
     getOutputConsole("CallGraphVisual", true).log(level, text);
@@ -164,17 +160,6 @@ bool CallGraphWidget::createEdges(const std::vector<std::pair<int, int>>& edges,
             this->edges().push_back(new Edge(caller, callee, edgeCalls[i]));
     }
     return true;
-}
-
-/// Hidden nodes count, so that showing them needs no other size.
-void CallGraphWidget::fitSizeToBoxes() {
-    int right = 0;
-    int bottom = 0;
-    for (const GenericGraph::NodeBase* node : nodes()) {
-        right = std::max(right, node->getRect().right());
-        bottom = std::max(bottom, node->getRect().bottom());
-    }
-    setGraphSize(right + graphMargin, bottom + graphMargin);
 }
 
 void CallGraphWidget::clearGraph() {

@@ -69,7 +69,6 @@ protected:
 private:
     [[nodiscard]] bool createEdges(const std::vector<std::pair<int, int>>& edges,
                                    const std::vector<std::vector<std::string>>& edgeCalls);
-    void fitSizeToBoxes();
 
     QAction* m_hideOrphansAction;
     bool m_hideOrphans = false;

@@ -16,7 +16,7 @@ namespace Kova::GUI::GenericGraph {
 
 namespace {
 
-/// Space beyond the outermost node centres.
+/// Space beyond the outermost nodes.
 constexpr int graphMargin = 50;
 
 } // namespace
@@ -95,6 +95,16 @@ void GenericGraphWidgetBase::updateCollisions() {
         farthest = QPoint(std::max(farthest.x(), center.x()), std::max(farthest.y(), center.y()));
     }
     setGraphSize(farthest.x() + graphMargin, farthest.y() + graphMargin);
+}
+
+void GenericGraphWidgetBase::fitSizeToBoxes() {
+    int right = 0;
+    int bottom = 0;
+    for (const NodeBase* node : m_nodes) {
+        right = std::max(right, node->getRect().right());
+        bottom = std::max(bottom, node->getRect().bottom());
+    }
+    setGraphSize(right + graphMargin, bottom + graphMargin);
 }
 
 void GenericGraphWidgetBase::updateNodeSizes() {

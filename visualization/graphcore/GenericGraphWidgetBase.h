@@ -69,6 +69,9 @@ protected:
     /// Owned by the widget, in drawing order. Nodes and edges are made with new.
     [[nodiscard]] std::vector<NodeBase*>& nodes() { return m_nodes; }
     [[nodiscard]] std::vector<EdgeBase*>& edges() { return m_edges; }
+    /// Sets the graph size to 50 units beyond the right and lower ends of all boxes, hidden ones included: showing them
+    /// needs no other size.
+    void fitSizeToBoxes();
     /// Shown by a right click on empty space unless it is empty.
     [[nodiscard]] QMenu& contextMenu() { return m_contextMenu; }
     /// The bounding rectangle and the flattened path of each edge as updateMap() found them.

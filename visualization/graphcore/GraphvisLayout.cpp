@@ -44,6 +44,7 @@ void skipQuotedLine(std::istream& in) {
 void GraphvisLayout::layOut(const std::vector<NodeBase*>& nodes) {
     const ExchangeFile dot(dotFile);
     const ExchangeFile plain(plainFile);
+    m_succeeded = false;
     // The numbers are needed even when there is no file to write them to.
     std::ostringstream text;
     text.imbue(std::locale::classic());
@@ -52,11 +53,11 @@ void GraphvisLayout::layOut(const std::vector<NodeBase*>& nodes) {
     // dot itself would write through a link.
     if (plain.isForeign())
         return;
-    if (written || !dot.isForeign())
-        static_cast<void>(std::system(command) == 0);
+    const bool ran = (written || !dot.isForeign()) && std::system(command) == 0;
     if (const std::optional<std::string> result = plain.read()) {
         std::istringstream in(*result);
         readPlain(in);
+        m_succeeded = written && ran;
     }
 }
 

@@ -17,6 +17,8 @@ namespace Kova::GUI::GenericGraph {
 class VISUALIZATION_EXPORT GraphvisLayout : public LayoutManager {
 public:
     void layOut(const std::vector<NodeBase*>& nodes) override;
+    /// Whether `dot` itself, rather than an earlier run, placed the nodes of the last layOut().
+    [[nodiscard]] bool hasSucceeded() const { return m_succeeded; }
 
     /// Numbers the nodes by their positions in the list and writes them and the edges between them as `dot` reads them.
     void dumpNodes(const std::vector<NodeBase*>& nodes, std::ostream& out);
@@ -28,6 +30,7 @@ private:
 
     std::map<NodeBase*, int> m_numbers;
     std::map<int, NodeBase*> m_nodes;
+    bool m_succeeded = false;
 };
 
 } // namespace Kova::GUI::GenericGraph

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "visualization/graphcore/LayoutManager.h"
+
+#include <QString>
+
+namespace Kova::GUI::ControlFlowGraphExpr {
+
+/// Has `dot` place nodes with texts that it could not read: in its place it gets nodes of the same sizes and edges with
+/// texts of the same shape. The nodes stay where they are when `dot` is missing or fails.
+class VISUALIZATION_EXPORT StandInLayout final : public GenericGraph::LayoutManager {
+public:
+    /// Edges that lead to nodes outside of the list make no difference.
+    void layOut(const std::vector<GenericGraph::NodeBase*>& nodes) override;
+    /// Whether `dot` placed the nodes of the last layOut().
+    [[nodiscard]] bool hasSucceeded() const { return m_succeeded; }
+
+    /// The text, character by character and line by line, without what means something in a label of `dot`.
+    [[nodiscard]] static QString readableText(const QString& text);
+
+private:
+    bool m_succeeded = false;
+};
+
+} // namespace Kova::GUI::ControlFlowGraphExpr
