@@ -132,7 +132,7 @@ void LamportDependencesView::selectNode(const Tessel::TesselBase& node) {
 }
 
 QJsonObject LamportDependencesView::describe() const {
-    return describeTextGraph(*m_widget,
+    return describeTextGraph(*m_widget, [](const GUI::TextGraph::NodeBase&, QJsonObject&) {},
                              [this](const GUI::TextGraph::EdgeBase& edge, int index, QJsonObject& description) {
                                  m_table->getRecords().at(static_cast<std::size_t>(index)).describe(description);
                                  description["hint"] = edge.getHint();
