@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/AccessText_p.h"
 #include "environment/analyses/lamport/ChangedOperand_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/printing/OutToC.h"
 #include "environment/printing/OutToFortran.h"
 #include "environment/printing/SourceText.h"
@@ -18,6 +18,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

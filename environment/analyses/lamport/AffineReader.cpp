@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/AffineReader_p.h"
 #include "environment/analyses/lamport/IslSpaces_p.h"
-#include "environment/analyses/lamport/LiteralValue_p.h"
+#include "environment/tessel/service/LiteralValue.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/CastExpression.h"
 #include "environment/tessel/ConditionalExpression.h"
@@ -23,6 +23,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "environment/analyses/lamport/BlockFacts_p.h"
 #include "environment/analyses/lamport/LoopNest_p.h"
 #include "environment/analyses/lamport/PlaceReader_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/analyses/lamport/Unknowns_p.h"
 #include "environment/tessel/Operators.h"
 
@@ -102,7 +102,7 @@ private:
     [[nodiscard]] isl::pw_aff indicator(const Truth& truth) const;
 
     /// Whether all values at the present point are of the type.
-    [[nodiscard]] bool isWithin(const isl::pw_aff& value, IntegerType type) const;
+    [[nodiscard]] bool isWithin(const isl::pw_aff& value, Kova::Tessel::Service::IntegerType type) const;
     [[nodiscard]] bool isNonNegative(const isl::pw_aff& value) const;
     [[nodiscard]] isl::pw_aff constant(long value) const;
     [[nodiscard]] unsigned getDepth() const { return m_nest->getDepth(); }

@@ -2,7 +2,7 @@
 #include "environment/analyses/lamport/BlockFacts_p.h"
 #include "environment/analyses/lamport/ExpressionWalker_p.h"
 #include "environment/analyses/lamport/TreeFacts_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ConditionalExpression.h"
@@ -22,6 +22,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include "environment/analyses/lamport/CallEffects_p.h"
 #include "environment/analyses/lamport/ExpressionWalker_p.h"
 #include "environment/analyses/lamport/TreeFacts_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ProgramUnit.h"
 #include "environment/tessel/SubroutineCallExpression.h"
@@ -20,6 +20,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

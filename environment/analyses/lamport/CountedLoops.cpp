@@ -11,6 +11,7 @@
 #include "environment/tessel/VariableDeclaration.h"
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/service/Preorder.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/types/Type.h"
 
 #include <algorithm>
@@ -18,6 +19,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/CallEffects_p.h"
 #include "environment/analyses/lamport/ExpressionWalker_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/CastExpression.h"
@@ -23,6 +23,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/ForwardValues_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/CaseStatement.h"
@@ -13,6 +13,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

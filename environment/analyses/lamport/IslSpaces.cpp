@@ -54,7 +54,7 @@ isl::pw_aff lifted(const isl::pw_aff& value, unsigned loops) {
     return present == loops ? value : isl::manage(isl_pw_aff_add_dims(value.copy(), isl_dim_in, loops - present));
 }
 
-isl::set within(const isl::set& vectors, const isl::pw_aff& value, IntegerType type, bool withGreatest) {
+isl::set within(const isl::set& vectors, const isl::pw_aff& value, Kova::Tessel::Service::IntegerType type, bool withGreatest) {
     const isl::ctx context = vectors.ctx();
     const unsigned loops = loopsOf(vectors);
     const isl::val end = powerOfTwo(context, type.isSigned ? type.bits - 1 : type.bits);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 
 #include <isl/cpp.h>
 
@@ -25,7 +25,7 @@ namespace DepGraph {
 [[nodiscard]] isl::pw_aff lifted(const isl::pw_aff& value, unsigned loops);
 
 /// The vectors whose value is not below the type's least one nor, if asked for, above its greatest.
-[[nodiscard]] isl::set within(const isl::set& vectors, const isl::pw_aff& value, IntegerType type, bool withGreatest);
+[[nodiscard]] isl::set within(const isl::set& vectors, const isl::pw_aff& value, Kova::Tessel::Service::IntegerType type, bool withGreatest);
 
 /// The vectors that follow one of the given ones in the innermost loop, in the same iterations of the other loops.
 /// @param vectors of one loop at least.

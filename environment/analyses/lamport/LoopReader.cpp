@@ -8,12 +8,14 @@
 #include "environment/tessel/VariableReference.h"
 #include "environment/tessel/WhileStatement.h"
 #include "environment/tessel/service/Preorder.h"
+#include "environment/tessel/service/TypeFacts.h"
 
 #include <algorithm>
 
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/Place_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/FieldDeclaration.h"
 #include "environment/tessel/RecordDeclaration.h"
 #include "environment/tessel/VariableDeclaration.h"
@@ -11,6 +11,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

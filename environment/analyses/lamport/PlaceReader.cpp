@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/PlaceReader_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/CastExpression.h"
@@ -18,6 +18,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

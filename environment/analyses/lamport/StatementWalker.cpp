@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/IslSpaces_p.h"
-#include "environment/analyses/lamport/LiteralValue_p.h"
+#include "environment/tessel/service/LiteralValue.h"
 #include "environment/analyses/lamport/StatementWalker_p.h"
 #include "environment/tessel/AssignmentExpression.h"
 #include "environment/tessel/BinaryExpression.h"
@@ -29,6 +29,7 @@
 namespace DepGraph {
 
 using namespace Kova::Tessel;
+using namespace Kova::Tessel::Service;
 
 namespace {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/IslSpaces_p.h"
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
 #include "environment/analyses/lamport/Unknowns_p.h"
 #include "environment/tessel/DeclarationBase.h"
 
@@ -9,6 +9,8 @@
 #include <algorithm>
 
 namespace DepGraph {
+
+using namespace Kova::Tessel::Service;
 
 namespace {
 

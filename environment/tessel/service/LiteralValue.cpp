@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "environment/analyses/lamport/LiteralValue_p.h"
+#include "environment/tessel/service/LiteralValue.h"
+
 #include "environment/tessel/LiteralExpression.h"
 
 #include <charconv>
 #include <string_view>
 
-namespace DepGraph {
-
-using Kova::Tessel::LiteralExpression;
+namespace Kova::Tessel::Service {
 
 namespace {
 
@@ -66,4 +65,4 @@ std::optional<std::int64_t> valueOf(const LiteralExpression& literal) {
     }
 }
 
-} // namespace DepGraph
+} // namespace Kova::Tessel::Service

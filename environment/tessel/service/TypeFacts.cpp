@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "environment/analyses/lamport/TypeFacts_p.h"
+#include "environment/tessel/service/TypeFacts.h"
+
 #include "environment/tessel/DeclarationStatement.h"
 #include "environment/tessel/EnumDeclaration.h"
 #include "environment/tessel/FieldDeclaration.h"
@@ -11,9 +12,7 @@
 #include "environment/tessel/types/DeclaredType.h"
 #include "environment/tessel/types/PointerType.h"
 
-namespace DepGraph {
-
-using namespace Kova::Tessel;
+namespace Kova::Tessel::Service {
 
 namespace {
 
@@ -199,4 +198,4 @@ std::optional<IntegerType> asInteger(const Type* type) {
     return std::nullopt;
 }
 
-} // namespace DepGraph
+} // namespace Kova::Tessel::Service

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "environment/analyses/controlflow/ConstantValue_p.h"
+#include "environment/tessel/BaseVisitor.h"
+#include "environment/tessel/BinaryExpression.h"
+#include "environment/tessel/CastExpression.h"
+#include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/EnumeratorDeclaration.h"
+#include "environment/tessel/EnumeratorReference.h"
+#include "environment/tessel/GenericSelectionExpression.h"
+#include "environment/tessel/LiteralExpression.h"
+#include "environment/tessel/TypeQueryExpression.h"
+#include "environment/tessel/UnaryExpression.h"
+#include "environment/tessel/service/LiteralValue.h"
+#include "environment/tessel/service/TypeFacts.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace ControlFlow {
+
+using namespace Kova::Tessel;
+using Service::IntegerType;
+
+namespace {
+
+using Constant = std::optional<std::int64_t>;
+// Wide enough for every operation on two values but shifts.
+using Wide = __int128;
+
+constexpr int maximalDepth = 100;
+
+/// What operators compute with: nothing narrower than int.
+IntegerType promoted(IntegerType type) {
+    return type.bits < 32 ? IntegerType{true, 32} : type;
+}
+
+IntegerType typeOf(const ExpressionBase& expression) {
+    // What is not known is taken for the widest type: then nothing wraps.
+    return promoted(Service::asInteger(expression.getType()).value_or(IntegerType{true, 64}));
+}
+
+IntegerType common(IntegerType left, IntegerType right) {
+    const unsigned bits = std::max(left.bits, right.bits);
+    const bool isUnsigned = (!left.isSigned && left.bits == bits) || (!right.isSigned && right.bits == bits);
+    return {!isUnsigned, bits};
+}
+
+Constant fitting(Wide value) {
+    const bool fits =
+        value >= std::numeric_limits<std::int64_t>::min() && value <= std::numeric_limits<std::int64_t>::max();
+    return fits ? Constant(static_cast<std::int64_t>(value)) : std::nullopt;
+}
+
+/// A value brought into a type as a conversion does.
+Constant converted(Wide value, IntegerType type) {
+    if (type.bits == 1)
+        return value != 0 ? 1 : 0;
+    if (type.bits == 0 || type.bits > 64)
+        return fitting(value);
+    const Wide range = Wide{1} << type.bits;
+    Wide remainder = value % range;
+    if (remainder < 0)
+        remainder += range;
+    return fitting(type.isSigned && remainder >= range / 2 ? remainder - range : remainder);
+}
+
+/// The result of an operator. Signed ones must not overflow.
+Constant computed(Wide value, IntegerType type) {
+    const Constant result = converted(value, type);
+    return result && (!type.isSigned || *result == value) ? result : std::nullopt;
+}
+
+Constant computed(BinaryOperator operation, Wide left, Wide right, IntegerType type) {
+    switch (operation) {
+    case BinaryOperator::Multiply:
+        return computed(left * right, type);
+    case BinaryOperator::Divide:
+        return right != 0 ? computed(left / right, type) : std::nullopt;
+    case BinaryOperator::Remainder:
+        return right != 0 ? computed(left % right, type) : std::nullopt;
+    case BinaryOperator::Add:
+        return computed(left + right, type);
+    case BinaryOperator::Subtract:
+        return computed(left - right, type);
+    case BinaryOperator::Less:
+        return left < right ? 1 : 0;
+    case BinaryOperator::Greater:
+        return left > right ? 1 : 0;
+    case BinaryOperator::LessEqual:
+        return left <= right ? 1 : 0;
+    case BinaryOperator::GreaterEqual:
+        return left >= right ? 1 : 0;
+    case BinaryOperator::Equal:
+        return left == right ? 1 : 0;
+    case BinaryOperator::NotEqual:
+        return left != right ? 1 : 0;
+    case BinaryOperator::BitwiseAnd:
+        return computed(left & right, type);
+    case BinaryOperator::BitwiseXor:
+        return computed(left ^ right, type);
+    case BinaryOperator::BitwiseOr:
+        return computed(left | right, type);
+    default:
+        return std::nullopt;
+    }
+}
+
+Constant shifted(BinaryOperator operation, std::int64_t left, std::int64_t right, IntegerType type) {
+    if (left < 0 || right < 0 || right >= static_cast<std::int64_t>(std::min(type.bits, 64U)))
+        return std::nullopt;
+    const Wide value = operation == BinaryOperator::ShiftLeft ? Wide{left} << right : Wide{left} >> right;
+    return computed(value, type);
+}
+
+class Evaluator : private BaseVisitor {
+public:
+    Constant evaluate(const ExpressionBase* expression) {
+        if (expression == nullptr || m_depth == maximalDepth)
+            return std::nullopt;
+        ++m_depth;
+        m_result.reset();
+        // A visitor takes what may be changed, this one changes nothing.
+        const_cast<ExpressionBase*>(expression)->accept(*this);
+        --m_depth;
+        return std::exchange(m_result, std::nullopt);
+    }
+
+private:
+    using BaseVisitor::visit;
+    void visit(LiteralExpression& node) override {
+        m_result = Service::valueOf(node);
+        // A string is an address.
+        if (node.getKind() == LiteralExpression::Kind::String)
+            m_result.reset();
+    }
+    void visit(EnumeratorReference& node) override { m_result = node.getEnumerator().getValue(); }
+    void visit(CastExpression& node) override {
+        const Constant value = evaluate(node.getOperand());
+        const std::optional<IntegerType> type = Service::asInteger(node.getType());
+        // Null pointers are the only ones known.
+        if (value && (type || (*value == 0 && Service::asPointer(node.getType()) != nullptr)))
+            m_result = type ? converted(*value, *type) : value;
+    }
+    void visit(TypeQueryExpression& node) override {
+        const Type* type = node.getOperand() != nullptr ? node.getOperand()->getType() : node.getQueriedType();
+        const std::optional<std::uint64_t> size = Service::sizeOf(type);
+        if (size && node.getQuery() == TypeQueryExpression::Query::SizeOf)
+            m_result = fitting(static_cast<Wide>(*size));
+    }
+    void visit(GenericSelectionExpression& node) override {
+        m_result = evaluate(node.getAssociationValue(node.getChosen()));
+    }
+    void visit(ConditionalExpression& node) override {
+        const Constant condition = evaluate(node.getCondition());
+        if (!condition)
+            return;
+        const bool isFirst = *condition != 0;
+        const Constant value =
+            isFirst && node.getFirst() == nullptr ? condition : evaluate(isFirst ? node.getFirst() : node.getSecond());
+        if (value)
+            m_result = converted(*value, typeOf(node));
+    }
+    void visit(UnaryExpression& node) override {
+        const Constant value = evaluate(node.getOperand());
+        if (!value || node.getOperand() == nullptr)
+            return;
+        const IntegerType type = typeOf(*node.getOperand());
+        switch (node.getOperator()) {
+        case UnaryOperator::Plus:
+        case UnaryOperator::Extension:
+            m_result = value;
+            break;
+        case UnaryOperator::Minus:
+            m_result = computed(-Wide{*value}, type);
+            break;
+        case UnaryOperator::BitwiseNot:
+            m_result = computed(-Wide{*value} - 1, type);
+            break;
+        case UnaryOperator::LogicalNot:
+            m_result = *value == 0 ? 1 : 0;
+            break;
+        default:
+            break;
+        }
+    }
+    void visit(BinaryExpression& node) override {
+        const BinaryOperator operation = node.getOperator();
+        const Constant left = evaluate(node.getLeft());
+        const Constant right = evaluate(node.getRight());
+        if (operation == BinaryOperator::LogicalAnd || operation == BinaryOperator::LogicalOr) {
+            // One operand may decide, wherever it stands.
+            const bool deciding = operation == BinaryOperator::LogicalOr;
+            if ((left && (*left != 0) == deciding) || (right && (*right != 0) == deciding))
+                m_result = deciding ? 1 : 0;
+            else if (left && right)
+                m_result = deciding ? 0 : 1;
+        } else if (operation == BinaryOperator::Comma) {
+            m_result = right;
+        } else if (left && right) {
+            m_result = combine(node, *left, *right);
+        }
+    }
+
+    static Constant combine(const BinaryExpression& node, std::int64_t left, std::int64_t right) {
+        const BinaryOperator operation = node.getOperator();
+        const IntegerType leftType = typeOf(*node.getLeft());
+        if (operation == BinaryOperator::ShiftLeft || operation == BinaryOperator::ShiftRight)
+            return shifted(operation, left, right, leftType);
+        const IntegerType type = common(leftType, typeOf(*node.getRight()));
+        const Constant first = converted(left, type);
+        const Constant second = converted(right, type);
+        return first && second ? computed(operation, *first, *second, type) : std::nullopt;
+    }
+
+    Constant m_result;
+    int m_depth = 0;
+};
+
+} // namespace
+
+std::optional<std::int64_t> constantOf(const ExpressionBase& expression) {
+    return Evaluator().evaluate(&expression);
+}
+
+} // namespace ControlFlow
