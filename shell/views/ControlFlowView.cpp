@@ -36,7 +36,10 @@ bool isWorthExporting(const Subject& subject) {
     const auto& statements = graph.getStatements();
     return std::any_of(statements.begin(), statements.end(), [&](const StatementBase* statement) {
         const std::vector<ControlTransfer>& transfers = graph.getTransfers(statement);
-        return transfers.size() > 1 || std::count(transfers.begin(), transfers.end(), ControlTransfer::Back) > 0;
+        // A block leads to its first statement and to what follows it: that is no choice.
+        const bool isBlock = dynamic_cast<const Tessel::BlockStatement*>(statement) != nullptr;
+        return (!isBlock && transfers.size() > 1) ||
+               std::count(transfers.begin(), transfers.end(), ControlTransfer::Back) > 0;
     });
 }
 
@@ -101,6 +104,8 @@ void ControlFlowView::draw() {
     }
     m_widget->onNewGraph(*m_graph, *m_block, m_showExternal->isChecked());
     m_widget->makeRoomAbove();
+    for (int edge = 0; edge < m_widget->getEdges().size(); ++edge)
+        m_widget->getEdges().at(edge)->setHint(nameOf(m_widget->getTransfer(edge).kind));
 }
 
 Picked ControlFlowView::findAt(const QPoint& position) const {

@@ -40,13 +40,27 @@ std::unique_ptr<::ControlFlowGraphExpr> graphOf(Tessel::StatementBase& statement
     return graph;
 }
 
+/// Entry and exit evaluate nothing and are not counted.
+std::size_t countBlocks(const ::ControlFlowGraphExpr& graph) {
+    const std::size_t all = graph.getBasicBlocks().size();
+    return all < 2 ? 0 : all - 2;
+}
+
+/// One for each edge of a picture.
+std::vector<ControlTransfer> transfersOf(const ::ControlFlowGraphExpr& graph) {
+    std::vector<ControlTransfer> transfers;
+    for (const BasicBlock* block : graph.getBasicBlocks())
+        transfers.insert(transfers.end(), block->getTransfers().begin(), block->getTransfers().end());
+    return transfers;
+}
+
 /// Subroutines in which control has a choice, or goes round, as far as they are laid out without asking.
 bool isWorthExporting(const Subject& subject) {
     if (subject.getKind() != Subject::Kind::Subroutine)
         return false;
     const auto graph = graphOf(*statementOf(subject));
     const std::vector<BasicBlock*>& blocks = graph->getBasicBlocks();
-    if (blocks.size() > ExpressionControlFlowView::mostBlocksUnasked)
+    if (countBlocks(*graph) > ExpressionControlFlowView::mostBlocksUnasked)
         return false;
     return std::any_of(blocks.begin(), blocks.end(), [](const BasicBlock* block) {
         const std::vector<ControlTransfer>& transfers = block->getTransfers();
@@ -134,7 +148,7 @@ GUI::GraphWidgetBase& ExpressionControlFlowView::getWidget() const {
 bool ExpressionControlFlowView::chooseGraphviz() const {
     if (!hasGraphviz())
         return false;
-    const std::size_t count = m_graph->getBasicBlocks().size();
+    const std::size_t count = countBlocks(*m_graph);
     return count <= mostBlocksUnasked ||
            mayTakeLong(consoleTag, QString("The graph has %1 blocks: Graphviz may take long to place them.").arg(count));
 }
@@ -148,6 +162,9 @@ void ExpressionControlFlowView::show(const Subject& subject) {
     m_graph = graphOf(*statement);
     m_widget->setUsesGraphviz(chooseGraphviz());
     m_widget->showGraph(*m_graph);
+    const std::vector<ControlTransfer> transfers = transfersOf(*m_graph);
+    for (std::size_t edge = 0; edge < transfers.size(); ++edge)
+        m_widget->getEdges().at(edge)->setToolTip(nameOf(transfers[edge]));
     if (!hasGraphviz() || m_widget->hasGraphvizFailed())
         tellWithoutGraphviz(consoleTag);
 }
@@ -163,16 +180,17 @@ Picked ExpressionControlFlowView::findAt(const QPoint& position) const {
         const auto number = std::find(nodes.begin(), nodes.end(), node) - nodes.begin();
         return *m_graph->getBasicBlocks().at(static_cast<std::size_t>(number));
     };
-    if (const GUI::GenericGraph::NodeBase* node = m_widget->findNodeByPosition(place)) {
-        const QRect box = node->getRect();
-        return {expressionAt(blockOfNode(node), double(place.y() - box.top()) / box.height()), nullptr};
+    // Arrows win over boxes, as they do for the mouse.
+    if (const GUI::GenericGraph::EdgeBase* edge = m_widget->findEdgeNear(place)) {
+        TesselBase* from = lastOf(blockOfNode(edge->getSource()));
+        TesselBase* to = firstOf(blockOfNode(edge->getTarget()));
+        return from != nullptr ? Picked{from, to} : Picked{to, nullptr};
     }
-    const GUI::GenericGraph::EdgeBase* edge = m_widget->findEdgeByPosition(place);
-    if (edge == nullptr)
+    const GUI::GenericGraph::NodeBase* node = m_widget->findNodeByPosition(place);
+    if (node == nullptr)
         return {};
-    TesselBase* from = lastOf(blockOfNode(edge->getSource()));
-    TesselBase* to = firstOf(blockOfNode(edge->getTarget()));
-    return from != nullptr ? Picked{from, to} : Picked{to, nullptr};
+    const QRect box = node->getRect();
+    return {expressionAt(blockOfNode(node), double(place.y() - box.top()) / box.height()), nullptr};
 }
 
 void ExpressionControlFlowView::selectNode(const TesselBase& node) {
@@ -189,10 +207,6 @@ void ExpressionControlFlowView::selectNode(const TesselBase& node) {
 QJsonObject ExpressionControlFlowView::describe() const {
     if (m_graph == nullptr)
         return {{"nodes", QJsonArray()}, {"edges", QJsonArray()}};
-    std::vector<ControlTransfer> transfers;
-    for (const BasicBlock* block : m_graph->getBasicBlocks())
-        transfers.insert(transfers.end(), block->getTransfers().begin(), block->getTransfers().end());
-    auto transfer = transfers.begin();
     return describeGenericGraph(
         *m_widget,
         [this](const GUI::GenericGraph::NodeBase&, QJsonObject& description) {
@@ -204,23 +218,20 @@ QJsonObject ExpressionControlFlowView::describe() const {
             description["expressions"] = expressions;
             description["reachable"] = block->isReachable();
         },
-        [&transfer](const GUI::GenericGraph::EdgeBase&, QJsonObject& description) {
-            description["kind"] = nameOf(*transfer++);
+        [](const GUI::GenericGraph::EdgeBase& edge, QJsonObject& description) {
+            description["kind"] = edge.getToolTip();
         });
 }
 
 QString ExpressionControlFlowView::summarize() const {
     if (m_graph == nullptr)
         return {};
-    std::size_t blocks = 0;
-    std::size_t unreachable = 0;
-    std::size_t transfers = 0;
-    for (const BasicBlock* block : m_graph->getBasicBlocks()) {
-        blocks += block->getExpressions().empty() ? 0 : 1;
-        unreachable += block->getExpressions().empty() || block->isReachable() ? 0 : 1;
-        transfers += block->getSuccessors().size();
-    }
-    const QString all = counted(blocks, "block") + ", " + counted(transfers, "transfer");
+    const std::vector<BasicBlock*>& blocks = m_graph->getBasicBlocks();
+    const auto unreachable = std::count_if(blocks.begin(), blocks.end(), [](const BasicBlock* block) {
+        return !block->isReachable() && !block->getExpressions().empty();
+    });
+    const QString all =
+        counted(countBlocks(*m_graph), "block") + ", " + counted(transfersOf(*m_graph).size(), "transfer");
     return unreachable == 0 ? all : all + QString(", %1 unreachable").arg(unreachable);
 }
 
