@@ -150,7 +150,7 @@ int ControlFlowView::lineOf(const GUI::TextGraph::NodeBase& node) const {
     const StatementBase* statement = m_widget->findStatement(&node);
     if (statement == nullptr)
         return 0;
-    if (dynamic_cast<const Tessel::IfStatement*>(statement) != nullptr && node.getText().startsWith("else"))
+    if (dynamic_cast<const Tessel::IfStatement*>(statement) != nullptr && node.getText() == "else")
         return 0;
     const Tessel::SourceRange& range = statement->getSourceRange();
     return static_cast<int>(isClosing(*statement, node.getText()) ? range.endLine : range.beginLine);

@@ -17,6 +17,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <cstdlib>
 #include <unordered_map>
 
 namespace Kova::Shell {
@@ -54,13 +55,45 @@ std::vector<ControlTransfer> transfersOf(const ::ControlFlowGraphExpr& graph) {
     return transfers;
 }
 
+/// How many rows the arrows pass when the blocks stand in rows as `dot` ranks them: what its time grows with, by the
+/// third power.
+std::size_t countRowsPassed(const ::ControlFlowGraphExpr& graph) {
+    const std::vector<BasicBlock*>& blocks = graph.getBasicBlocks();
+    std::unordered_map<const BasicBlock*, std::size_t> numbers; // looked up, never walked
+    for (const BasicBlock* block : blocks)
+        numbers.emplace(block, numbers.size());
+    std::vector<std::ptrdiff_t> rows(blocks.size());
+    for (std::size_t from = 0; from < blocks.size(); ++from)
+        for (const BasicBlock* successor : blocks[from]->getSuccessors())
+            if (const std::size_t to = numbers.at(successor); to > from)
+                rows[to] = std::max(rows[to], rows[from] + 1);
+    std::size_t passed = 0;
+    for (std::size_t from = 0; from < blocks.size(); ++from)
+        for (const BasicBlock* successor : blocks[from]->getSuccessors()) {
+            const std::ptrdiff_t span = std::abs(rows[numbers.at(successor)] - rows[from]);
+            passed += span > 1 ? static_cast<std::size_t>(span - 1) : 0;
+        }
+    return passed;
+}
+
+/// Why to ask before `dot` places the blocks; empty when it does not take long.
+QString warningOf(const ::ControlFlowGraphExpr& graph) {
+    const std::size_t count = countBlocks(graph);
+    const bool hasLongArrows = countRowsPassed(graph) > ExpressionControlFlowView::mostRowsUnasked;
+    if (count <= ExpressionControlFlowView::mostBlocksUnasked && !hasLongArrows)
+        return {};
+    return QString("The graph has %1 blocks%2: Graphviz may take long to place them.")
+        .arg(count)
+        .arg(hasLongArrows ? " and long arrows" : "");
+}
+
 /// Subroutines in which control has a choice, or goes round, as far as they are laid out without asking.
 bool isWorthExporting(const Subject& subject) {
     if (subject.getKind() != Subject::Kind::Subroutine)
         return false;
     const auto graph = graphOf(*statementOf(subject));
     const std::vector<BasicBlock*>& blocks = graph->getBasicBlocks();
-    if (countBlocks(*graph) > ExpressionControlFlowView::mostBlocksUnasked)
+    if (!warningOf(*graph).isEmpty())
         return false;
     return std::any_of(blocks.begin(), blocks.end(), [](const BasicBlock* block) {
         const std::vector<ControlTransfer>& transfers = block->getTransfers();
@@ -148,9 +181,8 @@ GUI::GraphWidgetBase& ExpressionControlFlowView::getWidget() const {
 bool ExpressionControlFlowView::chooseGraphviz() const {
     if (!hasGraphviz())
         return false;
-    const std::size_t count = countBlocks(*m_graph);
-    return count <= mostBlocksUnasked ||
-           mayTakeLong(consoleTag, QString("The graph has %1 blocks: Graphviz may take long to place them.").arg(count));
+    const QString warning = warningOf(*m_graph);
+    return warning.isEmpty() || mayTakeLong(consoleTag, warning);
 }
 
 void ExpressionControlFlowView::show(const Subject& subject) {

@@ -14,8 +14,10 @@ namespace Kova::Shell {
 /// The basic blocks of expressions that a statement or the body of a subroutine evaluates.
 class ExpressionControlFlowView final : public View {
 public:
-    /// With more blocks `dot` runs only when the user agrees.
+    /// With more blocks, or arrows that pass more rows of blocks, `dot` runs only when the user agrees: it takes a
+    /// second for so many blocks with short arrows, and ten seconds for long ones.
     static constexpr std::size_t mostBlocksUnasked = 1500;
+    static constexpr std::size_t mostRowsUnasked = 3000;
 
     [[nodiscard]] static ViewKind kind();
 
