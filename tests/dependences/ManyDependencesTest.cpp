@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "environment/core/Console.h"
 #include "environment/tessel/ExpressionBase.h"
 #include "tests/dependences/ReadGraph.h"
+#include "tests/environment/support/HeardLines.h"
 
 #include <gtest/gtest.h>
 
@@ -10,30 +10,6 @@ using namespace Kova::Tests;
 using DepGraph::LamportGraph;
 
 namespace {
-
-/// What consoles are told while it lives.
-class HeardLines {
-public:
-    HeardLines() {
-        setConsoleFactory(
-            [this](const std::string& /*tag*/, bool /*flag*/) { return std::make_unique<Listener>(lines); });
-    }
-    ~HeardLines() { setConsoleFactory({}); }
-    HeardLines(const HeardLines&) = delete;
-    HeardLines& operator=(const HeardLines&) = delete;
-
-    std::vector<std::string> lines;
-
-private:
-    class Listener final : public Console {
-    public:
-        explicit Listener(std::vector<std::string>& lines) : m_lines(lines) {}
-        void log(int level, const std::string& text) override { m_lines.push_back(std::to_string(level) + " " + text); }
-
-    private:
-        std::vector<std::string>& m_lines;
-    };
-};
 
 std::string repeat(const std::string& statement, int count) {
     std::string text = "double f(double x, double y) {\n";
@@ -62,7 +38,8 @@ TEST(ManyDependences, OfInputAreLeftOutFirst) {
     for (const DepGraph::LampArrow* arrow : fewer.getGraph().getArrows())
         ASSERT_NE(arrow->getType(), DepGraph::DT_INPUT);
     ASSERT_EQ(heard.lines.size(), 2u);
-    EXPECT_EQ(heard.lines[1], "2 The block has more than 300000 dependences: input dependences are left out.");
+    EXPECT_EQ(heard.lines[1],
+              "LamportGraph 2 The block has more than 300000 dependences: input dependences are left out.");
 }
 
 TEST(ManyDependences, AreRatherNotShownThanInPart) {
@@ -70,8 +47,9 @@ TEST(ManyDependences, AreRatherNotShownThanInPart) {
     ReadGraph graph(repeat("x = x + 1;", 600), DepGraph::RM_EXACT, true);
     EXPECT_EQ(graph.getGraph().getArrows().size(), 0u);
     EXPECT_EQ(graph.getGraph().getLeftOut(), LamportGraph::LeftOut::Everything);
-    EXPECT_EQ(heard.lines, std::vector<std::string>{
-                               "2 The block has more than 300000 dependences: none is shown. Choose a smaller block."});
+    EXPECT_EQ(heard.lines,
+              std::vector<std::string>{
+                  "LamportGraph 2 The block has more than 300000 dependences: none is shown. Choose a smaller block."});
     // The next graph starts anew.
     graph.getGraph().Build(graph.getBody(), DepGraph::BP_DEFAULT, true);
     graph.getGraph().Clear();

@@ -82,15 +82,15 @@ void ControlFlowGraphWidget::convertTextToNodes(const TextGraph::ProgramLines& t
 }
 
 void ControlFlowGraphWidget::convertCFGToEdges(const ::ControlFlowGraph& graph, const GraphFactory& factory) {
-    for (const StatementBase* statement : graph.getStatements()) {
-        const std::vector<const StatementBase*>& successors = graph.getSuccessors(statement);
-        const std::vector<ControlTransfer>& transfers = graph.getTransfers(statement);
+    for (const StatementBase* from : graph.getStatements()) {
+        const std::vector<const StatementBase*>& successors = graph.getSuccessors(from);
+        const std::vector<ControlTransfer>& kinds = graph.getTransfers(from);
         for (std::size_t i = 0; i < successors.size(); ++i) {
-            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(statement, successors[i]);
+            std::unique_ptr<TextGraph::EdgeBase> edge = factory.createEdge(from, successors[i]);
             if (!edge)
                 continue;
             edges().add(edge.release());
-            m_transfers.push_back({statement, successors[i], transfers[i]});
+            m_transfers.push_back({from, successors[i], kinds[i]});
         }
     }
     moveCloseLinesApart();

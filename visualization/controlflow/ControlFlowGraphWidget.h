@@ -30,7 +30,7 @@ class VISUALIZATION_EXPORT ControlFlowGraphWidget : public TextGraph::TextGraphW
     Q_OBJECT
 
 public:
-    /// What an edge stands for. An end that is null is the end of the subroutine.
+    /// What an edge stands for. Where control goes to null it ends the subroutine.
     struct Transfer {
         const Tessel::StatementBase* from = nullptr;
         const Tessel::StatementBase* to = nullptr;
@@ -47,7 +47,7 @@ public:
     /// lead there; without it they are left out.
     virtual void onNewBlock(Tessel::BlockStatement* block, bool showExternal);
     /// Shows a graph of the block, which stays the caller's. Edges are in the order of the graph's statements and, for
-    /// each one, of its successors.
+    /// each one, of its successors; a transfer to what is not shown has none.
     virtual void onNewGraph(const ::ControlFlowGraph& graph, Tessel::BlockStatement& block, bool showExternal);
 
     /// The statement that opened the line of a node; null for the external line, for nodes that are not of the picture

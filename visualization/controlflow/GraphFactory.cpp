@@ -2,7 +2,6 @@
 #include "visualization/controlflow/GraphFactory.h"
 
 #include "environment/core/Console.h"
-#include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/IfStatement.h"
 #include "visualization/textgraph/EdgeBase.h"
 #include "visualization/textgraph/GraphNodeBase.h"
@@ -18,13 +17,15 @@ using TextGraph::NodeBase;
 
 namespace {
 
+/// Whether a statement, null for none, stands in a block with nothing but statements between them. The block itself
+/// does not.
 bool isInside(const StatementBase* statement, const BlockStatement& block) {
-    while (statement != nullptr) {
+    // The common case: control comes from the statement that the block is part of.
+    if (statement == block.getParent())
+        return false;
+    while (statement != nullptr && statement->getParent() != &block)
         statement = dynamic_cast<const StatementBase*>(statement->getParent());
-        if (statement == &block)
-            return true;
-    }
-    return false;
+    return statement != nullptr;
 }
 
 GraphNodeBase* lastOf(const QList<GraphNodeBase*>& nodes) {

@@ -17,6 +17,9 @@ namespace {
 constexpr int columnGap = 30;
 constexpr int rowGap = 50;
 
+/// Left of and above all boxes, at least.
+constexpr int margin = 10;
+
 } // namespace
 
 void RowLayout::layOut(const std::vector<NodeBase*>& nodes) {
@@ -24,7 +27,7 @@ void RowLayout::layOut(const std::vector<NodeBase*>& nodes) {
     std::map<int, std::vector<NodeBase*>> rows;
     for (NodeBase* node : nodes)
         rows[node->getCenter().y()].push_back(node);
-    int top = 0;
+    int top = margin;
     for (auto& [center, row] : rows) {
         std::stable_sort(row.begin(), row.end(), [](const NodeBase* first, const NodeBase* second) {
             return first->getCenter().x() < second->getCenter().x();
@@ -33,7 +36,7 @@ void RowLayout::layOut(const std::vector<NodeBase*>& nodes) {
             return a->getHeight() < b->getHeight();
         });
         const int y = std::max(center, top + tallest->getHeight() / 2);
-        int left = 0;
+        int left = margin;
         for (NodeBase* node : row) {
             const int x = std::max(node->getCenter().x(), left + node->getWidth() / 2);
             node->moveTo(x, y);

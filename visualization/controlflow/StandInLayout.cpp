@@ -6,6 +6,7 @@
 #include "visualization/graphcore/NodeBase.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 #include <memory>
 
@@ -16,15 +17,15 @@ using GenericGraph::NodeBase;
 
 namespace {
 
+/// Below the 16384 bytes that dot takes at a time, whatever the characters.
+constexpr int longestPiece = 4000;
+
 QChar readable(QChar character) {
     switch (character.unicode()) {
     case '"':
         return QLatin1Char('\'');
     case '\\':
         return QLatin1Char('/');
-    // Begins the name of a character, as in `&lt;`.
-    case '&':
-        return QLatin1Char('+');
     case '\n':
         return character;
     default:
@@ -81,11 +82,18 @@ void StandInLayout::layOut(const std::vector<NodeBase*>& nodes) {
         standIns.copyCenters();
 }
 
+// A text for dot is in quotes; several of them, joined by +, are one.
 QString StandInLayout::readableText(const QString& text) {
-    QString result = text;
-    for (QChar& character : result)
+    // What dot takes for a single character, such as `&lt;`.
+    static const QRegularExpression characterName(QStringLiteral("&(#?\\w+;)"));
+    QString plain = text;
+    for (QChar& character : plain)
         character = readable(character);
-    return result;
+    plain.replace(characterName, QStringLiteral("+\\1"));
+    QString pieces = plain.left(longestPiece);
+    for (int i = longestPiece; i < plain.size(); i += longestPiece)
+        pieces += QStringLiteral("\" + \"") + plain.mid(i, longestPiece);
+    return pieces;
 }
 
 } // namespace Kova::GUI::ControlFlowGraphExpr

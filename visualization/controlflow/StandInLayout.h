@@ -16,7 +16,8 @@ public:
     /// Whether `dot` placed the nodes of the last layOut().
     [[nodiscard]] bool hasSucceeded() const { return m_succeeded; }
 
-    /// The text, character by character and line by line, without what means something in a label of `dot`.
+    /// What stands between the quotes of a label that is as wide and high as the text: characters that mean something
+    /// to `dot` are others, and a long text is several.
     [[nodiscard]] static QString readableText(const QString& text);
 
 private:

@@ -11,13 +11,8 @@ namespace Kova::GUI::TextGraph {
 
 namespace {
 
-int leadingBlanks(const QString& text) {
-    const auto firstInk = std::find_if(text.begin(), text.end(), [](QChar c) { return !c.isSpace(); });
-    return static_cast<int>(firstInk - text.begin());
-}
-
 bool isWordEmpty(const QString& text) {
-    return leadingBlanks(text) == text.size();
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
 }
 
 } // namespace
@@ -63,7 +58,9 @@ void WordLayout::addStatements(const ProgramLines& text, const MakeNode& makeNod
         if (words.empty())
             continue;
         const QString wordText = QString::fromStdString(words.front().text);
-        const int blanks = leadingBlanks(wordText);
+        // An indentation is made of these alone.
+        const auto ink = std::find_if(wordText.begin(), wordText.end(), [](QChar c) { return c != QLatin1Char(' '); });
+        const int blanks = static_cast<int>(ink - wordText.begin());
         place(line, *makeNode(QPoint(m_cell.charWidth * blanks, line.y), wordText.mid(blanks), words.front().object));
     }
 }

@@ -34,7 +34,7 @@ private:
     struct Ending {
         const StatementBase* statement;
         ControlTransfer transfer;
-        /// Where the statement stands in the subroutine; behind everything for what is not in it.
+        /// Where the program writes what control arrives at.
         std::size_t order;
     };
 
@@ -43,9 +43,31 @@ private:
         for (PointId id = 0; id < points.size(); ++id)
             if (points[id].statement != nullptr)
                 m_placesOf[points[id].statement].push_back(id);
+        std::vector<const StatementBase*> statements;
         for (TesselBase& node : Service::Preorder(m_root))
             if (const auto* statement = dynamic_cast<const StatementBase*>(&node); m_placesOf.count(statement) != 0)
-                m_order.emplace(statement, m_order.size());
+                statements.push_back(statement);
+        // What is not in the subroutine comes late, its end last.
+        m_orderOf.assign(points.size(), std::numeric_limits<std::size_t>::max() - 1);
+        m_orderOf[m_flow.getExit()] = std::numeric_limits<std::size_t>::max();
+        // The end of a block comes behind all that is in it: even numbers for statements, odd ones for ends.
+        std::unordered_map<const TesselBase*, std::size_t> lastInside;
+        for (std::size_t number = statements.size(); number-- > 0;) {
+            const StatementBase* statement = statements[number];
+            const std::size_t last = lastInside.try_emplace(statement, number).first->second;
+            const TesselBase* around = statement->getParent();
+            while (around != nullptr && !isPassed(*around))
+                around = around->getParent();
+            lastInside.try_emplace(around, last);
+            for (const PointId place : m_placesOf[statement])
+                m_orderOf[place] = points[place].isEnd ? 2 * last + 1 : 2 * number;
+        }
+    }
+
+    /// Whether control passes the braces of the node: the block of an else-if has none.
+    [[nodiscard]] bool isPassed(const TesselBase& node) const {
+        const auto* block = dynamic_cast<const BlockStatement*>(&node);
+        return block != nullptr && m_placesOf.count(block) != 0;
     }
 
     void addStatement(const StatementBase& statement) {
@@ -67,9 +89,7 @@ private:
         std::vector<Ending> endings;
         for (const Arrival& arrival : m_places.find(place)) {
             const StatementBase* statement = m_flow.getPoints()[arrival.point].statement;
-            const auto order = m_order.find(statement);
-            endings.push_back({statement, arrival.transfer,
-                               order != m_order.end() ? order->second : std::numeric_limits<std::size_t>::max()});
+            endings.push_back({statement, arrival.transfer, m_orderOf[arrival.point]});
         }
         std::stable_sort(endings.begin(), endings.end(), [](const Ending& a, const Ending& b) {
             const bool isJump = a.transfer == ControlTransfer::Jump;
@@ -94,7 +114,7 @@ private:
     NextPlaces m_places;
     // Looked up, never walked.
     std::unordered_map<const StatementBase*, std::vector<PointId>> m_placesOf;
-    std::unordered_map<const StatementBase*, std::size_t> m_order;
+    std::vector<std::size_t> m_orderOf;
 };
 
 ControlFlowGraph::ControlFlowGraph(const BlockStatement& block) {

@@ -17,8 +17,9 @@ class StatementBase;
 /// brace, which the last statement leads to and from which control goes on behind the block. So the successors of a
 /// block are its first statement and what follows the block: for the body of a loop the loop itself, which decides on
 /// the next round. A loop leads to its body and to what follows; a switch leads to its labels, not to its body. What
-/// stands in the header of a loop, and statements inside expressions, belong to the statement around them: `x = ({ if
-/// (y) goto out; y; });` leads to the next statement and to `out`.
+/// stands in the header of a loop belongs to the loop. Statements inside an expression lead back to the statement
+/// around it: `x = ({ f(); y; });` leads to the inner block and, when that has come back to it, to the next statement.
+/// The block of an `else if` is written without braces, so control goes from one if to the next.
 ///
 /// Conditions that are constants, calls that never return and short-circuit operators are taken into account, so that
 /// control goes nowhere behind `while (1)` without a break. Statements that control never reaches are kept with their

@@ -68,10 +68,9 @@ std::optional<bool> isNamedBy(const CaseStatement& label, std::int64_t value) {
 FlowBuilder::FlowBuilder(StatementBase& statement, const Options& options)
     : m_entry(m_points.add()),
       m_exit(m_points.add()),
+      m_viewed(options.viewed),
       m_facts(statement, options.splitsOperators),
       m_jumps(subroutineOf(statement)) {
-    for (const TesselBase* around = options.viewed; around != nullptr; around = around->getParent())
-        m_aroundViewed.insert(around);
     m_surroundings.push_back({m_exit, m_exit, std::nullopt});
     addStatement(&statement, m_entry, m_exit);
     run();
@@ -133,7 +132,7 @@ void FlowBuilder::connectMissingLabels() {
 }
 
 PointId FlowBuilder::arriveAt(StatementBase& node) {
-    if (m_work.isInExpression)
+    if (m_work.isPart)
         return m_work.in;
     const PointId point = m_points.add();
     m_points[point].statement = &node;
@@ -162,7 +161,7 @@ std::size_t FlowBuilder::surround(PointId behindBreak, PointId behindContinue,
 }
 
 void FlowBuilder::add(Work::Kind kind, TesselBase& node, PointId in, PointId out, PointId otherwise) {
-    m_added.push_back({kind, &node, in, out, otherwise, m_work.surroundings, m_work.isInExpression, 0});
+    m_added.push_back({kind, &node, in, out, otherwise, m_work.surroundings, false, 0});
 }
 
 void FlowBuilder::addStatement(StatementBase* statement, PointId in, PointId out) {
@@ -178,25 +177,16 @@ void FlowBuilder::addStatement(StatementBase* statement, PointId in, PointId out
     m_added.back().surroundings = surroundings;
 }
 
-void FlowBuilder::addPart(StatementBase* statement, PointId in, PointId out) {
-    addStatement(statement, in, out);
-    if (statement != nullptr && m_aroundViewed.count(statement) == 0)
-        m_added.back().isInExpression = true;
-}
-
 void FlowBuilder::walkStatementsOf(BlockStatement& block, PointId in, PointId out, std::size_t surroundings) {
-    const PointId closing = m_work.isInExpression ? out : m_points.add();
+    const PointId end = m_points.add();
+    m_points[end].statement = &block;
+    m_points[end].isEnd = true;
+    m_points.connect(end, out);
     for (std::size_t i = 0; i < block.getChildCount(); ++i) {
-        const PointId next = i + 1 < block.getChildCount() ? m_points.add() : closing;
+        const PointId next = i + 1 < block.getChildCount() ? m_points.add() : end;
         addStatement(block.getStatement(i), in, next, surroundings);
         in = next;
     }
-    if (block.isEmpty())
-        m_points.connect(in, closing);
-    if (closing == out)
-        return;
-    m_points[closing].statement = &block;
-    m_points.connect(closing, out);
 }
 
 void FlowBuilder::visit(StatementBase& node) {
@@ -204,7 +194,12 @@ void FlowBuilder::visit(StatementBase& node) {
 }
 
 void FlowBuilder::visit(BlockStatement& node) {
-    walkStatementsOf(node, arriveAt(node), m_work.out, m_work.surroundings);
+    const PointId opening = arriveAt(node);
+    // An empty block is passed once.
+    if (node.isEmpty())
+        m_points.connect(opening, m_work.out);
+    else
+        walkStatementsOf(node, opening, m_work.out, m_work.surroundings);
 }
 
 void FlowBuilder::visit(DeclarationStatement& node) {
@@ -224,8 +219,12 @@ void FlowBuilder::visit(IfStatement& node) {
     m_points.connect(notChosen, otherwise, ControlTransfer::Next, ControlTransfer::False);
     addCondition(node.getCondition(), arriveAt(node), chosen, notChosen);
     addStatement(node.getThenBlock(), then, m_work.out);
-    if (node.getElseBlock() != nullptr)
-        addStatement(node.getElseBlock(), otherwise, m_work.out);
+    // The block of an else-if has no braces that control could pass.
+    StatementBase* elseBranch = node.getElseBlock();
+    if (elseBranch != m_viewed && node.getElseIf() != nullptr)
+        elseBranch = node.getElseIf();
+    if (elseBranch != nullptr)
+        addStatement(elseBranch, otherwise, m_work.out);
 }
 
 void FlowBuilder::visit(WhileStatement& node) {
@@ -266,7 +265,9 @@ void FlowBuilder::visit(ForStatement& node) {
     const PointId arriving = m_points.add();
     m_points.connect(chosen, inside, ControlTransfer::Next, ControlTransfer::True);
     m_points.connect(done, m_work.out, ControlTransfer::Next, ControlTransfer::False);
-    addPart(node.getInitialization(), start, decided);
+    addStatement(node.getInitialization(), start, decided);
+    if (node.getInitialization() != nullptr)
+        m_added.back().isPart = true;
     if (node.getCondition() != nullptr)
         addCondition(node.getCondition(), decided, chosen, done);
     else

@@ -4,12 +4,24 @@
 #include "environment/tessel/BinaryExpression.h"
 #include "environment/tessel/BlockStatement.h"
 #include "environment/tessel/ConditionalExpression.h"
+#include "environment/tessel/ForStatement.h"
 #include "environment/tessel/StatementExpression.h"
 #include "environment/tessel/UnaryExpression.h"
 
 namespace ControlFlow {
 
 using namespace Kova::Tessel;
+
+namespace {
+
+/// The statement whose place an expression is evaluated at.
+const StatementBase* holderOf(const ExpressionBase& expression) {
+    const StatementBase* statement = expression.obtainParentStatement();
+    const auto* loop = statement != nullptr ? dynamic_cast<const ForStatement*>(statement->getParent()) : nullptr;
+    return loop != nullptr && loop->getInitialization() == statement ? loop : statement;
+}
+
+} // namespace
 
 void FlowBuilder::addValue(ExpressionBase* expression, PointId in, PointId out) {
     if (expression == nullptr)
@@ -53,7 +65,11 @@ void FlowBuilder::followValue(ExpressionBase& expression) {
         const PointId together = walkParts(expression);
         add(Work::Kind::Evaluation, expression, together, out);
     } else if (auto* statements = dynamic_cast<StatementExpression*>(&expression)) {
-        addPart(statements->getBlock(), m_work.in, out);
+        // Control comes back to the statement around them, which goes on with their value.
+        const PointId back = m_points.add();
+        m_points[back].statement = holderOf(expression);
+        m_points.connect(back, out);
+        addStatement(statements->getBlock(), m_work.in, back);
     } else if (auto* conditional = dynamic_cast<ConditionalExpression*>(&expression)) {
         const PointId first = m_points.add();
         const PointId second = m_points.add();

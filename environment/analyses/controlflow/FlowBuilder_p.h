@@ -24,8 +24,7 @@ public:
     struct Options {
         /// Whether operators that evaluate an operand or not are taken apart.
         bool splitsOperators = true;
-        /// Statements inside an expression belong to the statement around it, unless this block is in the expression,
-        /// too. Null for none.
+        /// Has places of its own even when its braces are not written. Null for none.
         const Kova::Tessel::BlockStatement* viewed = nullptr;
     };
 
@@ -72,7 +71,8 @@ private:
         /// Where a condition does not hold.
         PointId otherwise;
         std::size_t surroundings;
-        bool isInExpression;
+        /// Whether control is not at the statement but at the one that it is a part of.
+        bool isPart;
         std::size_t switchNumber;
     };
 
@@ -111,8 +111,6 @@ private:
     // Work for later, which is done in this order.
     void addStatement(Kova::Tessel::StatementBase* statement, PointId in, PointId out);
     void addStatement(Kova::Tessel::StatementBase* statement, PointId in, PointId out, std::size_t surroundings);
-    /// One that is a part of the statement that holds it.
-    void addPart(Kova::Tessel::StatementBase* statement, PointId in, PointId out);
     void addValue(Kova::Tessel::ExpressionBase* expression, PointId in, PointId out);
     void addValues(const std::vector<Kova::Tessel::ExpressionBase*>& expressions, PointId in, PointId out);
     void addCondition(Kova::Tessel::ExpressionBase* expression, PointId in, PointId whenTrue, PointId whenFalse);
@@ -129,10 +127,9 @@ private:
     FlowPoints m_points;
     PointId m_entry;
     PointId m_exit;
+    const Kova::Tessel::BlockStatement* m_viewed;
     EvaluationFacts m_facts;
     JumpSources m_jumps;
-    /// The block that is viewed and what is around it.
-    std::unordered_set<const Kova::Tessel::TesselBase*> m_aroundViewed;
     std::unordered_map<const Kova::Tessel::LabelStatement*, PointId> m_labels;
     /// Labels jumped to, in the order of the jumps, and those passed.
     std::vector<const Kova::Tessel::LabelStatement*> m_jumpedTo;

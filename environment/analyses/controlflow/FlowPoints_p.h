@@ -32,6 +32,8 @@ struct Point {
     const Kova::Tessel::ExpressionBase* expression = nullptr;
     /// Control arrives at this statement here; null for none.
     const Kova::Tessel::StatementBase* statement = nullptr;
+    /// Whether control is at the end of the statement, a block.
+    bool isEnd = false;
     std::vector<Way> ways;
 };
 

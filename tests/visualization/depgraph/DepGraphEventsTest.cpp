@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/visualization/depgraph/TestedWidget.h"
+#include "tests/visualization/graphcore/Tints.h"
 #include "visualization/depgraph/DepGraphWidget.h"
 
 #include <QImage>
@@ -9,38 +10,12 @@
 
 using namespace DepGraph;
 using Kova::GUI::TextGraph::NodeBase;
+using Tints::countAll;
+using Tints::countNear;
 
 namespace {
 
 const QColor kindColours[] = {QColor(0, 0, 255), QColor(255, 0, 0), QColor(0, 128, 0), QColor(255, 0, 255)};
-
-/// Whether a pixel is the colour on white, as strong as at least a third.
-bool isTintOf(const QColor& pixel, const QColor& colour) {
-    const int white = 255;
-    const int strongest = std::min({colour.red(), colour.green(), colour.blue()});
-    const int darkest = std::min({pixel.red(), pixel.green(), pixel.blue()});
-    const double strength = double(white - darkest) / (white - strongest);
-    const auto fits = [&](int channel, int pure) {
-        return std::abs(channel - (white - strength * (white - pure))) < 4.0;
-    };
-    return strength > 1.0 / 3.0 && fits(pixel.red(), colour.red()) && fits(pixel.green(), colour.green()) &&
-           fits(pixel.blue(), colour.blue());
-}
-
-int countNear(const QImage& image, const QPoint& point, const QColor& colour, int distance) {
-    int count = 0;
-    for (int y = point.y() - distance; y <= point.y() + distance; ++y) {
-        for (int x = point.x() - distance; x <= point.x() + distance; ++x) {
-            if (image.rect().contains(x, y) && isTintOf(image.pixelColor(x, y), colour))
-                ++count;
-        }
-    }
-    return count;
-}
-
-int countAll(const QImage& image, const QColor& colour) {
-    return countNear(image, image.rect().center(), colour, std::max(image.width(), image.height()));
-}
 
 } // namespace
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/visualization/depgraph/TestedWidget.h"
-#include "tests/visualization/textgraph/PlainPorts.h"
+#include "tests/visualization/textgraph/SortedPorts.h"
 #include "visualization/depgraph/DepGraphWidget.h"
 
 #include <QFontMetrics>
-#include <QHash>
 #include <QtTest>
 
 #include <random>
@@ -13,49 +12,8 @@ using namespace DepGraph;
 using Kova::GUI::TextGraph::EdgeSide;
 using Kova::GUI::TextGraph::GraphNodeBase;
 using Kova::GUI::TextGraph::NodeBase;
-using Kova::GUI::TextGraph::PlainPorts;
-
-namespace {
-
-/// The ports of a picture's edges, sorted in these modes one after the other from the order in which the edges are
-/// listed. Edges that are hidden are so from the beginning.
-std::vector<int> sortedPorts(const TestedWidget& widget, std::initializer_list<int> modes) {
-    PlainPorts plain;
-    QHash<const NodeBase*, std::size_t> places;
-    for (const auto& line : widget.getLines()) {
-        for (const NodeBase* word : line.nodes) {
-            if (dynamic_cast<const GraphNodeBase*>(word) == nullptr)
-                continue;
-            places.insert(word, plain.nodes.size());
-            plain.nodes.push_back({word->getPos(), word->getRect(), {}, {}});
-        }
-    }
-    for (const auto* edge : widget.getEdges())
-        plain.addEdge(places.value(edge->getFrom()), places.value(edge->getTo()));
-    for (std::size_t edge = 0; edge < plain.edges.size(); ++edge) {
-        if (!widget.getEdges().at(static_cast<int>(edge))->isVisible())
-            plain.hide(edge);
-    }
-    for (const int mode : modes) {
-        for (std::size_t node = 0; node < plain.nodes.size(); ++node)
-            plain.reorder(node, mode);
-    }
-    std::vector<int> numbers;
-    for (const PlainPorts::Edge& edge : plain.edges)
-        numbers.insert(numbers.end(), edge.numbers.begin(), edge.numbers.end());
-    return numbers;
-}
-
-std::vector<int> portsOf(const TestedWidget& widget) {
-    std::vector<int> numbers;
-    for (const auto* edge : widget.getEdges()) {
-        numbers.push_back(edge->getPort(EdgeSide::From));
-        numbers.push_back(edge->getPort(EdgeSide::To));
-    }
-    return numbers;
-}
-
-} // namespace
+using Kova::GUI::TextGraph::portsOf;
+using Kova::GUI::TextGraph::sortedPorts;
 
 /// Where words and arrows are.
 class DepGraphLayoutTest : public QObject {

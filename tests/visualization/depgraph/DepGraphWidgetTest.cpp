@@ -2,13 +2,12 @@
 #include "visualization/depgraph/DepGraphWidget.h"
 
 #include "tests/visualization/depgraph/TestedWidget.h"
+#include "tests/visualization/graphcore/VirtualSlot.h"
 #include "visualization/textgraph/NodeNotFound.h"
 
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QtTest>
-
-#include <cstring>
 
 using namespace DepGraph;
 using Kova::GUI::DepGraph::DepGraphWidget;
@@ -17,14 +16,6 @@ using Kova::GUI::TextGraph::NodeNotFound;
 using Kova::Tessel::BlockStatement;
 
 namespace {
-
-/// The place of a virtual function in the table of its class, as the Itanium ABI keeps it in the pointer to member.
-template <class Member>
-std::ptrdiff_t slotOf(Member member) {
-    std::ptrdiff_t offset = 0;
-    std::memcpy(&offset, &member, sizeof offset);
-    return (offset - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
 
 class RecordingWidget final : public DepGraphWidget {
 public:
@@ -277,18 +268,11 @@ void DepGraphWidgetTest::buildsRepaint() {
     TestedWidget widget;
     widget.show();
     QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    const auto repaintsAfter = [&widget](auto&& action) {
-        QCoreApplication::processEvents();
-        const int before = widget.repaints;
-        action();
-        QCoreApplication::processEvents();
-        return widget.repaints - before;
-    };
-    QCOMPARE(repaintsAfter([&] { widget.build(sample); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
-    QCOMPARE(repaintsAfter([&] { widget.onNewGraph(nullptr, sample.block.get()); }), 1);
-    QCOMPARE(repaintsAfter([] {}), 0);
+    QCOMPARE(widget.repaintsAfter([&] { widget.build(sample); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewBlock(nullptr); }), 1);
+    QCOMPARE(widget.repaintsAfter([&] { widget.onNewGraph(nullptr, sample.block.get()); }), 1);
+    QCOMPARE(widget.repaintsAfter([] {}), 0);
 }
 
 QTEST_MAIN(DepGraphWidgetTest)

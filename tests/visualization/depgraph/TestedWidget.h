@@ -2,17 +2,16 @@
 #pragma once
 
 #include "tests/visualization/depgraph/SampleBlock.h"
+#include "tests/visualization/graphcore/ObservedWidget.h"
 #include "visualization/depgraph/DepGraphWidget.h"
 #include "visualization/depgraph/LamportEdge.h"
 #include "visualization/textgraph/GraphNodeBase.h"
 
-#include <QCoreApplication>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QStringList>
 
-/// A widget that lets tests look inside and counts its repaints.
-class TestedWidget : public Kova::GUI::DepGraph::DepGraphWidget {
+/// A widget that lets tests look inside.
+class TestedWidget : public ObservedWidget<Kova::GUI::DepGraph::DepGraphWidget> {
 public:
     using DepGraphWidget::edgePolygons;
     using DepGraphWidget::heldNode;
@@ -53,19 +52,4 @@ public:
     }
 
     void build(const SampleBlock& sample) { onNewGraph(sample.graph().get(), sample.block.get()); }
-
-    /// Sends the viewport a mouse event.
-    void mouse(QEvent::Type type, const QPoint& position, Qt::MouseButton button = Qt::NoButton,
-               Qt::MouseButtons buttons = Qt::NoButton) {
-        QMouseEvent event(type, position, viewport()->mapToGlobal(position), button, buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport(), &event);
-    }
-
-    int repaints = 0;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        ++repaints;
-        DepGraphWidget::paintEvent(event);
-    }
 };

@@ -1,36 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "visualization/graphcore/GraphvisLayout.h"
 
+#include "tests/visualization/graphcore/FakeDot.h"
 #include "tests/visualization/graphcore/LayoutGraph.h"
 
-#include <QFile>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <locale>
 #include <sstream>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Kova::GUI::GenericGraph;
 
 namespace {
-
-constexpr auto dotFile = "/tmp/1.dot";
-constexpr auto plainFile = "/tmp/1.dot.plain";
-
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
 
 QString dumped(const std::vector<NodeBase*>& nodes) {
     std::ostringstream out;
@@ -54,36 +38,6 @@ protected:
     char do_decimal_point() const override { return ','; }
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
-};
-
-/// What a program called dot does: writes the given result, and nothing else.
-class FakeDot {
-public:
-    explicit FakeDot(const QByteArray& plain) {
-        write(m_folder.filePath("plain"), plain);
-        write(m_folder.filePath("dot"), "#!/bin/sh\necho \"$@\" > '" + m_folder.filePath("arguments").toUtf8() +
-                                            "'\ncat '" + m_folder.filePath("plain").toUtf8() + "' > /tmp/1.dot.plain\n");
-        QFile::setPermissions(m_folder.filePath("dot"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        qputenv("PATH", m_folder.path().toUtf8() + ":" + m_path);
-    }
-    ~FakeDot() { qputenv("PATH", m_path); }
-
-    [[nodiscard]] QByteArray arguments() const { return contentOf(m_folder.filePath("arguments")); }
-
-private:
-    QTemporaryDir m_folder;
-    QByteArray m_path = qgetenv("PATH");
-};
-
-/// A machine without dot.
-class NoDot {
-public:
-    NoDot() { qputenv("PATH", m_folder.path().toUtf8()); }
-    ~NoDot() { qputenv("PATH", m_path); }
-
-private:
-    QTemporaryDir m_folder;
-    QByteArray m_path = qgetenv("PATH");
 };
 
 } // namespace
@@ -111,13 +65,13 @@ private Q_SLOTS:
     void realDotMakesLayers();
     void withoutDotNodesStay();
     void readsWhatAnEarlierRunLeft();
+    void tellsWhetherDotPlacedTheNodes();
     void doesNotFollowLinks();
     void doesNotWaitForPipes();
 };
 
 void GraphvisLayoutTest::init() {
-    QFile::remove(dotFile);
-    QFile::remove(plainFile);
+    removeDotFiles();
 }
 
 void GraphvisLayoutTest::dumpsTwoNodes() {
@@ -135,8 +89,7 @@ void GraphvisLayoutTest::dumpsTwoNodes() {
 
 void GraphvisLayoutTest::dumpsEdgesBehindAllNodes() {
     const LayoutGraph graph(3, {{2, 0}, {0, 2}, {0, 1}, {1, 1}, {0, 2}});
-    QCOMPARE(dumped(graph.nodes()).section('\n', 5),
-             QString("N0->N2;\nN0->N1;\nN0->N2;\nN1->N1;\nN2->N0;\n}\n"));
+    QCOMPARE(dumped(graph.nodes()).section('\n', 5), QString("N0->N2;\nN0->N1;\nN0->N2;\nN1->N1;\nN2->N0;\n}\n"));
 }
 
 void GraphvisLayoutTest::dumpsTextsAsTheyAre() {
@@ -274,6 +227,40 @@ void GraphvisLayoutTest::readsWhatAnEarlierRunLeft() {
     const LayoutGraph graph(1, {});
     GraphvisLayout().layOut(graph.nodes());
     QCOMPARE(graph.centers().front(), QPoint(250, 200));
+}
+
+void GraphvisLayoutTest::tellsWhetherDotPlacedTheNodes() {
+    const QByteArray result = "graph 1 5 3\nnode N0 2.5 1 0.75 0.5 b\nstop\n";
+    const LayoutGraph graph(1, {});
+    GraphvisLayout layout;
+    QVERIFY(!layout.hasSucceeded());
+    {
+        const FakeDot dot(result);
+        layout.layOut(graph.nodes());
+        QVERIFY(layout.hasSucceeded());
+    }
+    {
+        // The earlier result is read all the same.
+        const NoDot absence;
+        layout.layOut(graph.nodes());
+        QVERIFY(!layout.hasSucceeded());
+    }
+    {
+        const FakeDot dot(result, 1);
+        layout.layOut(graph.nodes());
+        QVERIFY(!layout.hasSucceeded());
+    }
+    {
+        const FakeDot dot(result);
+        layout.layOut(graph.nodes());
+        QVERIFY(layout.hasSucceeded());
+        // Its input was not what is to be laid out.
+        removeDotFiles();
+        QVERIFY(QDir("/tmp").mkdir("1.dot"));
+        layout.layOut(graph.nodes());
+        QVERIFY(QDir("/tmp").rmdir("1.dot"));
+        QVERIFY(!layout.hasSucceeded());
+    }
 }
 
 // The folder is everybody's: what somebody has put there must not lead to other files.

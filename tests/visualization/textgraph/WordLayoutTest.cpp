@@ -143,6 +143,14 @@ private Q_SLOTS:
                                               3 * (page.metrics.height() + 1) + page.lineHeight()));
     }
 
+    void onlyBlanksIndentStatements() {
+        Page page;
+        page.layout.addStatements({words({"  \t a;"}), words({"\t"})}, page.make());
+        QCOMPARE(page.node(0, 0).getPos().x(), 2 * page.charWidth());
+        QCOMPARE(page.node(0, 0).getText(), QStringLiteral("\t a;"));
+        QCOMPARE(page.node(1, 0).getText(), QStringLiteral("\t"));
+    }
+
     void blankStatementsHaveAnEmptyNode() {
         Page page;
         page.layout.addStatements({words({"   "}), words({""}), {}}, page.make());
