@@ -14,10 +14,10 @@ namespace Kova::Shell {
 /// The basic blocks of expressions that a statement or the body of a subroutine evaluates.
 class ExpressionControlFlowView final : public View {
 public:
-    /// With more blocks, or arrows that pass more rows of blocks, `dot` runs only when the user agrees: it takes a
-    /// second for so many blocks with short arrows, and ten seconds for long ones.
+    /// With more blocks, or more rows of blocks that arrows pass, `dot` runs only when the user agrees: so many take it
+    /// a second or two, and twice as many rows eight times as long.
     static constexpr std::size_t mostBlocksUnasked = 1500;
-    static constexpr std::size_t mostRowsUnasked = 3000;
+    static constexpr std::size_t mostRowsUnasked = 2000;
 
     [[nodiscard]] static ViewKind kind();
 

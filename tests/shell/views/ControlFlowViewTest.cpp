@@ -56,6 +56,7 @@ private Q_SLOTS:
     void linesAreStatements();
     void arrowsAreTransfers();
     void closingLinesStandWhereTheyAreInTheSource();
+    void oneTestFollowsTheOther();
     void aLineIsTheBlockAroundIt();
     void theOutsideCanBeHidden();
     void aLineStandsForItsStatement();
@@ -119,6 +120,27 @@ void ControlFlowViewTest::closingLinesStandWhereTheyAreInTheSource() {
     QCOMPARE(nodesOf(describe({"g", {}})),
              QStringList({"{ 10", "do 11", "{ 11", "if (n) 12", "{ 13", "n--; 13", "} 13", "else 0", "{ 15", "n++; 15",
                           "} 15", "} 16", "while (n != 3); 16", "} 17", "EXTERNAL 0 external"}));
+}
+
+// The block of an else that holds the next test alone is not written, and no stop on the way.
+void ControlFlowViewTest::oneTestFollowsTheOther() {
+    m_program = Testing::readProgram({m_folder.write("b.c", "void f(int n) {\n"
+                                                            "    if (n == 1) {\n"
+                                                            "        n = 10;\n"
+                                                            "    } else if (n == 2) {\n"
+                                                            "        n = 20;\n"
+                                                            "    }\n"
+                                                            "}\n")});
+    const QJsonObject description = describe({});
+    QCOMPARE(nodesOf(description),
+             QStringList({"{ 1", "if (n == 1) 2", "{ 2", "n = 10; 3", "} 4", "else if (n == 2) 4", "{ 4", "n = 20; 5",
+                          "} 6", "} 7", "EXTERNAL 0 external"}));
+    QStringList edges = edgesOf(description);
+    edges.sort();
+    QCOMPARE(edges,
+             QStringList({"0 -> 1 next", "1 -> 2 true", "1 -> 5 false", "2 -> 3 next", "3 -> 4 next", "4 -> 9 next",
+                          "5 -> 6 true", "5 -> 9 false", "6 -> 7 next", "7 -> 8 next", "8 -> 9 next", "9 -> 10 next"}));
+    QCOMPARE(description["messages"].toArray(), QJsonArray());
 }
 
 void ControlFlowViewTest::aLineIsTheBlockAroundIt() {

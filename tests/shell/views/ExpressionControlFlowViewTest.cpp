@@ -79,6 +79,7 @@ private Q_SLOTS:
     void clearedViewIsEmpty();
     void whatIsWorthAPicture();
     void largeGraphsAskFirst();
+    void longArrowsAskFirst();
 
 private:
     QJsonObject describe(const SubjectRequest& request);
@@ -290,6 +291,27 @@ void ExpressionControlFlowViewTest::largeGraphsAskFirst() {
     describe({});
     QCOMPARE(warnings.size(), 1);
     QVERIFY(graphviz.wasRun());
+}
+
+// The arrow of the first jump passes the rows of all other conditions, that of the last one none: 63 * 62 / 2 rows are
+// 1,953, 64 * 63 / 2 are 2,016.
+void ExpressionControlFlowViewTest::longArrowsAskFirst() {
+    const FakeGraphviz graphviz(FakeGraphviz::Program::Failing);
+    QStringList warnings;
+    m_view->setPatienceListener([&](const QString& warning) {
+        warnings.append(warning);
+        return false;
+    });
+    for (const int jumps : {63, 64}) {
+        QByteArray text = "void f(int n) {\n";
+        for (int i = 0; i < jumps; ++i)
+            text += "    if (n == " + QByteArray::number(i) + ") goto out;\n";
+        m_program = Testing::readProgram({m_folder.write("jumps.c", text + "out:\n    n = 1;\n}\n")});
+        describe({});
+        QCOMPARE(graphviz.wasRun(), true);
+        QCOMPARE(warnings.size(), jumps - 63);
+    }
+    QCOMPARE(warnings.front(), QString("The graph has 65 blocks and long arrows: Graphviz may take long to place them."));
 }
 
 } // namespace Kova::Shell
