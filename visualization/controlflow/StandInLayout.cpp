@@ -40,7 +40,6 @@ public:
         QHash<const NodeBase*, NodeBase*> standInOf;
         for (const NodeBase* node : nodes) {
             m_owned.push_back(std::make_unique<NodeBase>(StandInLayout::readableText(node->getText())));
-            m_owned.back()->setSize(node->getWidth(), node->getHeight());
             standInOf.insert(node, m_owned.back().get());
         }
         for (const NodeBase* node : nodes) {

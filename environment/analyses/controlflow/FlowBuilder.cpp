@@ -91,24 +91,27 @@ void FlowBuilder::run() {
 }
 
 void FlowBuilder::perform() {
-    switch (m_work.kind) {
-    case Work::Kind::Statement:
+    if (m_work.kind == Work::Kind::Statement) {
         m_work.node->accept(*this);
-        break;
+        return;
+    }
+    if (m_work.kind == Work::Kind::Choice) {
+        connectChoice();
+        return;
+    }
+    auto& expression = static_cast<ExpressionBase&>(*m_work.node);
+    switch (m_work.kind) {
     case Work::Kind::Value:
-        followValue(static_cast<ExpressionBase&>(*m_work.node));
+        followValue(expression);
         break;
     case Work::Kind::Condition:
-        followCondition(static_cast<ExpressionBase&>(*m_work.node));
+        followCondition(expression);
         break;
     case Work::Kind::Evaluation:
-        evaluate(static_cast<ExpressionBase&>(*m_work.node));
+        evaluate(expression);
         break;
-    case Work::Kind::Decision:
-        decide(static_cast<ExpressionBase&>(*m_work.node));
-        break;
-    case Work::Kind::Choice:
-        connectChoice();
+    default:
+        decide(expression);
         break;
     }
 }
