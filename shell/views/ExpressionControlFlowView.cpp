@@ -105,6 +105,12 @@ QString textOf(const ExpressionBase& expression) {
     return QString::fromStdString(Backends::OutToC::expressionToString(expression));
 }
 
+QString kindOf(const BasicBlock& block, const ::ControlFlowGraphExpr& graph) {
+    if (&block == graph.getEntry())
+        return "entry";
+    return &block == graph.getExit() ? "exit" : "block";
+}
+
 TesselBase* firstOf(const BasicBlock& block) {
     return block.getExpressions().empty() ? nullptr : const_cast<ExpressionBase*>(block.getExpressions().front());
 }
@@ -246,7 +252,7 @@ QJsonObject ExpressionControlFlowView::describe() const {
             QJsonArray expressions;
             for (const ExpressionBase* expression : block->getExpressions())
                 expressions.append(textOf(*expression));
-            description["kind"] = block == m_graph->getEntry() ? "entry" : block == m_graph->getExit() ? "exit" : "block";
+            description["kind"] = kindOf(*block, *m_graph);
             description["expressions"] = expressions;
             description["reachable"] = block->isReachable();
         },

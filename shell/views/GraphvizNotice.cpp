@@ -17,10 +17,10 @@ void tellWithoutGraphviz(const std::string& tag) {
     if (told)
         return;
     told = true;
-    const std::string reason = hasGraphviz() ? "Graphviz's program 'dot' failed" : "Graphviz's program 'dot' is missing";
-    getOutputConsole(tag, true)
-        .log(Console::AuxUnavailable,
-             reason + ": blocks are placed plainly. The Debian package graphviz brings it.");
+    const std::string reason =
+        hasGraphviz() ? "Graphviz's program 'dot' failed" : "Graphviz's program 'dot' is missing";
+    getOutputConsole(tag, true).log(Console::AuxUnavailable,
+                                    reason + ": blocks are placed plainly. The Debian package graphviz brings it.");
 }
 
 } // namespace Kova::Shell

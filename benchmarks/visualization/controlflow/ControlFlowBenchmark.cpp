@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What it takes to show where control goes in a function, from the tree to the picture on the screen; and the parts that
-// nobody can save: the analysis, and printing the text.
+// What it takes to show where control goes in a function, from the tree to the picture on the screen; and the parts
+// that nobody can save: the analysis, and printing the text.
 #include "benchmarks/environment/printing/NullSink.h"
 #include "benchmarks/frontends/c/FunctionBody.h"
 #include "benchmarks/visualization/WidgetBenchmarks.h"

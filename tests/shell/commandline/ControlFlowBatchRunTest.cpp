@@ -76,8 +76,7 @@ void ControlFlowBatchRunTest::expressionsAreDescribed() {
     QCOMPARE(finished.error, QByteArray());
     const QJsonObject description = parse(finished.out);
     QCOMPARE(description["view"].toString(), QString("expression-control-flow"));
-    QCOMPARE(namesIn(description, "nodes", "kind"),
-             QStringList({"entry", "block", "block", "block", "block", "exit"}));
+    QCOMPARE(namesIn(description, "nodes", "kind"), QStringList({"entry", "block", "block", "block", "block", "exit"}));
     QCOMPARE(namesIn(description, "nodes", "text"), QStringList({"Entry", "n", "n--", "n++", "n != 3", "Exit"}));
     QCOMPARE(at(description, "nodes", 2)["expressions"].toArray(), QJsonArray{"n--"});
     QCOMPARE(at(description, "nodes", 0)["expressions"].toArray(), QJsonArray());
@@ -176,10 +175,10 @@ void ControlFlowBatchRunTest::withoutSubroutinesThereIsNothing() {
 }
 
 void ControlFlowBatchRunTest::textsThatAreNoLabels() {
-    const Finished finished = describe("expression-control-flow",
-                                       "const char *f(int c) {\n"
-                                       "    return c ? \"stop\\n\\\"node\\\" N1 [\\\\\" : \"\\\\\";\n"
-                                       "}\n");
+    const Finished finished =
+        describe("expression-control-flow", "const char *f(int c) {\n"
+                                            "    return c ? \"stop\\n\\\"node\\\" N1 [\\\\\" : \"\\\\\";\n"
+                                            "}\n");
     QCOMPARE(finished.status, 0);
     QCOMPARE(finished.error, QByteArray());
     const QJsonObject description = parse(finished.out);

@@ -50,12 +50,12 @@ void GalleryTest::writesWhatIsWorthIt() {
     Gallery gallery(program, folder.path("new/gallery"));
     QCOMPARE(gallery.write(), QStringList());
     QCOMPARE(gallery.getPictureCount(), std::size_t(7)); // no calls of leaf: it calls nothing
-    QCOMPARE(filesIn(folder.path("new/gallery")),
-             QStringList({"call-graph-looping.png", "call-graph-looping.svg", "call-graph-main.png",
-                          "call-graph-main.svg", "call-graph-program.png", "call-graph-program.svg",
-                          "expression-control-flow-looping.png", "expression-control-flow-looping.svg", "index.html",
-                          "source-leaf.png", "source-leaf.svg", "source-looping.png", "source-looping.svg",
-                          "source-main.png", "source-main.svg"}));
+    QCOMPARE(
+        filesIn(folder.path("new/gallery")),
+        QStringList({"call-graph-looping.png", "call-graph-looping.svg", "call-graph-main.png", "call-graph-main.svg",
+                     "call-graph-program.png", "call-graph-program.svg", "expression-control-flow-looping.png",
+                     "expression-control-flow-looping.svg", "index.html", "source-leaf.png", "source-leaf.svg",
+                     "source-looping.png", "source-looping.svg", "source-main.png", "source-main.svg"}));
     QVERIFY(!QImage(folder.path("new/gallery/call-graph-main.png")).isNull());
     const QByteArray page = Testing::contentOf(folder.path("new/gallery/index.html"));
     QVERIFY(page.contains("subroutine looping"));

@@ -90,7 +90,8 @@ void SubjectTest::statements() {
 
 void SubjectTest::holdsWhatIsBelow() {
     const Testing::SourceFolder folder;
-    const OpenedProgram opened = Testing::readProgram({folder.write("a.c", "void f(int n) { while (n) n--; n = 2; }\n")});
+    const OpenedProgram opened =
+        Testing::readProgram({folder.write("a.c", "void f(int n) { while (n) n--; n = 2; }\n")});
     auto* function = dynamic_cast<Tessel::SubroutineDeclaration*>(opened.getUnit().getTranslationUnit(0)->getChild(0));
     QVERIFY(function != nullptr);
     Tessel::StatementBase& loop = *function->getBody()->getStatement(0);

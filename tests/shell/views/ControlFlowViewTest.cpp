@@ -107,13 +107,13 @@ void ControlFlowViewTest::linesAreStatements() {
 // Blocks are entered at their opening brace and left at their closing one.
 void ControlFlowViewTest::arrowsAreTransfers() {
     QCOMPARE(edgesOf(describe({})),
-             QStringList({"0 -> 1 next", "11 -> 12 next",                              // the body
-                          "1 -> 2 next",                                               // s = 0
-                          "2 -> 3 true", "2 -> 10 false",                              // while
-                          "3 -> 4 next", "9 -> 2 back",                                // its body
-                          "4 -> 5 true", "4 -> 8 false",                               // if
-                          "5 -> 6 next", "7 -> 8 next",                                // its block
-                          "6 -> 10 jump", "8 -> 9 next", "10 -> 12 jump"}));           // break, s += n--, return
+             QStringList({"0 -> 1 next", "11 -> 12 next",                    // the body
+                          "1 -> 2 next",                                     // s = 0
+                          "2 -> 3 true", "2 -> 10 false",                    // while
+                          "3 -> 4 next", "9 -> 2 back",                      // its body
+                          "4 -> 5 true", "4 -> 8 false",                     // if
+                          "5 -> 6 next", "7 -> 8 next",                      // its block
+                          "6 -> 10 jump", "8 -> 9 next", "10 -> 12 jump"})); // break, s += n--, return
 }
 
 void ControlFlowViewTest::closingLinesStandWhereTheyAreInTheSource() {
@@ -132,9 +132,8 @@ void ControlFlowViewTest::oneTestFollowsTheOther() {
                                                             "    }\n"
                                                             "}\n")});
     const QJsonObject description = describe({});
-    QCOMPARE(nodesOf(description),
-             QStringList({"{ 1", "if (n == 1) 2", "{ 2", "n = 10; 3", "} 4", "else if (n == 2) 4", "{ 4", "n = 20; 5",
-                          "} 6", "} 7", "EXTERNAL 0 external"}));
+    QCOMPARE(nodesOf(description), QStringList({"{ 1", "if (n == 1) 2", "{ 2", "n = 10; 3", "} 4", "else if (n == 2) 4",
+                                                "{ 4", "n = 20; 5", "} 6", "} 7", "EXTERNAL 0 external"}));
     QStringList edges = edgesOf(description);
     edges.sort();
     QCOMPARE(edges,
@@ -146,13 +145,11 @@ void ControlFlowViewTest::oneTestFollowsTheOther() {
 void ControlFlowViewTest::aLineIsTheBlockAroundIt() {
     const QJsonObject description = describe({QString(), 4});
     QCOMPARE(description["subject"].toString(), QString("block at line 3 in f"));
-    QCOMPARE(nodesOf(description),
-             QStringList({"{ 3", "if (n == 5) 4", "{ 5", "break; 5", "} 5", "s += n--; 6", "} 7",
-                          "EXTERNAL 0 external"}));
+    QCOMPARE(nodesOf(description), QStringList({"{ 3", "if (n == 5) 4", "{ 5", "break; 5", "} 5", "s += n--; 6", "} 7",
+                                                "EXTERNAL 0 external"}));
     // To the loop, to what is behind it.
-    QCOMPARE(edgesOf(description),
-             QStringList({"0 -> 1 next", "6 -> 7 back", "1 -> 2 true", "1 -> 5 false", "2 -> 3 next", "4 -> 5 next",
-                          "3 -> 7 jump", "5 -> 6 next"}));
+    QCOMPARE(edgesOf(description), QStringList({"0 -> 1 next", "6 -> 7 back", "1 -> 2 true", "1 -> 5 false",
+                                                "2 -> 3 next", "4 -> 5 next", "3 -> 7 jump", "5 -> 6 next"}));
 }
 
 void ControlFlowViewTest::theOutsideCanBeHidden() {
@@ -218,7 +215,8 @@ void ControlFlowViewTest::aNodeSelectsItsArrow() {
     // Without the outside no arrow leaves the return; one leads to it.
     m_view->getActions().front()->trigger();
     m_view->selectNode(statement(8));
-    QCOMPARE(widget().getTransfer(widget().getSelectedEdge()).from, static_cast<const Tessel::StatementBase*>(&statement(3)));
+    QCOMPARE(widget().getTransfer(widget().getSelectedEdge()).from,
+             static_cast<const Tessel::StatementBase*>(&statement(3)));
     const int before = widget().getSelectedEdge();
     m_view->selectNode(*SubjectFinder(m_program).findSubroutine("h"));
     QCOMPARE(widget().getSelectedEdge(), before);

@@ -20,13 +20,13 @@ namespace {
 using GUI::ControlFlowGraphExpr::ControlFlowGraphExprWidget;
 using Testing::FakeGraphviz;
 
-const QByteArray source = QByteArray(Testing::loopsAndBranches) +                   // 1 to 18
-                          "int k(int a, int b) {\n"                                 // 19
-                          "    a = 1;\n"                                            // 20
-                          "    b += 2;\n"                                           // 21
-                          "    return 1 + (a && b ? a : 7);\n"                      // 22
-                          "}\n"                                                     // 23
-                          "int u(int n) { return 1; u(n); }\n";                     // 24
+const QByteArray source = QByteArray(Testing::loopsAndBranches) + // 1 to 18
+                          "int k(int a, int b) {\n"               // 19
+                          "    a = 1;\n"                          // 20
+                          "    b += 2;\n"                         // 21
+                          "    return 1 + (a && b ? a : 7);\n"    // 22
+                          "}\n"                                   // 23
+                          "int u(int n) { return 1; u(n); }\n";   // 24
 
 /// "kind: expression | expression", and " unreachable" behind what control never reaches.
 QStringList nodesOf(const QJsonObject& description) {
@@ -147,12 +147,10 @@ void ExpressionControlFlowViewTest::blocksOfASubroutine() {
 
 void ExpressionControlFlowViewTest::operatorsThatSkipOperandsMakeBlocks() {
     const QJsonObject description = describe({"k", {}});
-    QCOMPARE(nodesOf(description),
-             QStringList({"entry: ", "block: a = 1 | b += 2 | a", "block: b", "block: a", "block: 7",
-                          "block: 1 + (a && b ? a : 7)", "exit: "}));
-    QCOMPARE(edgesOf(description),
-             QStringList({"0 -> 1 next", "1 -> 2 true", "1 -> 4 false", "2 -> 3 true", "2 -> 4 false", "3 -> 5 next",
-                          "4 -> 5 next", "5 -> 6 jump"}));
+    QCOMPARE(nodesOf(description), QStringList({"entry: ", "block: a = 1 | b += 2 | a", "block: b", "block: a",
+                                                "block: 7", "block: 1 + (a && b ? a : 7)", "exit: "}));
+    QCOMPARE(edgesOf(description), QStringList({"0 -> 1 next", "1 -> 2 true", "1 -> 4 false", "2 -> 3 true",
+                                                "2 -> 4 false", "3 -> 5 next", "4 -> 5 next", "5 -> 6 jump"}));
 }
 
 void ExpressionControlFlowViewTest::aLineIsItsStatement() {
@@ -311,7 +309,8 @@ void ExpressionControlFlowViewTest::longArrowsAskFirst() {
         QCOMPARE(graphviz.wasRun(), true);
         QCOMPARE(warnings.size(), jumps - 63);
     }
-    QCOMPARE(warnings.front(), QString("The graph has 65 blocks and long arrows: Graphviz may take long to place them."));
+    QCOMPARE(warnings.front(),
+             QString("The graph has 65 blocks and long arrows: Graphviz may take long to place them."));
 }
 
 } // namespace Kova::Shell
