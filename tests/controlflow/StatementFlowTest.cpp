@@ -129,6 +129,12 @@ TEST(StatementFlowTest, computedJumpsLeadToEveryLabelWhoseAddressIsTaken) {
     EXPECT_EQ(flow.from("goto K"), ": @K:");
 }
 
+TEST(StatementFlowTest, assemblyLeadsOnAndToItsLabels) {
+    const std::string text = FlowOf("asm goto (\"\" : : : : L, M); x; L: y; K: M: z;").statements();
+    EXPECT_NE(text.find(": x, @L:, @M:\n"), std::string::npos) << text;
+    EXPECT_EQ(FlowOf("asm(\"K\"); x; K: y;").statements().find("@K:"), std::string::npos);
+}
+
 TEST(StatementFlowTest, callsThatNeverReturn) {
     for (const char* call : {"stop()", "quit(a)", "g(quit(a))", "x = quit(a) + b", "(stop(), x)", "quit(a) && b",
                              "a ? stop() : stop()", "(*quit)(a)", "x[&y] = quit(a)"})
@@ -139,6 +145,8 @@ TEST(StatementFlowTest, callsThatNeverReturn) {
     EXPECT_EQ(FlowOf("exit(1); x;", library).from("exit(1)"), ":");
     EXPECT_EQ(FlowOf("abort(); x;", library).from("abort()"), ":");
     EXPECT_EQ(FlowOf("_Exit(1); x;", library).from("_Exit(1)"), ":");
+    EXPECT_EQ(FlowOf("__builtin_trap(); x;").from("__builtin_trap()"), ":");
+    EXPECT_EQ(FlowOf("__builtin_unreachable(); x;").from("__builtin_unreachable()"), ":");
     EXPECT_EQ(FlowOf("return quit(a); x;").from("return quit(a)"), ":");
     EXPECT_EQ(FlowOf("int v = quit(a); x;").from("declare v"), ":");
     EXPECT_EQ(FlowOf("if (quit(a)) x; y;").from("if quit(a)"), ":");
