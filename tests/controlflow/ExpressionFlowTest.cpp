@@ -94,6 +94,8 @@ TEST(ExpressionFlowTest, loops) {
     EXPECT_EQ(blocks("while (a) { if (b) break; x; } y;"),
               "entry: 1\n1 [a]: +2, -4\n2 [b]: +4, -3\n3 [x]: ^1\n4 [y]: exit\nexit\n");
     EXPECT_EQ(blocks("while (a);"), "entry: 1\n1 [a]: ^1, -exit\nexit\n");
+    EXPECT_EQ(blocks("do { if (a) continue; x; } while (b);"),
+              "entry: 1\n1 [a]: +3, -2\n2 [x]: 3\n3 [b]: ^1, -exit\nexit\n");
     EXPECT_EQ(blocks("do x; while (0); y;"), "entry: 1\n1 [x] [0]: -2\n2 [y]: exit\nexit\n");
 }
 

@@ -53,6 +53,17 @@ TEST(StatementFlowTest, aLoopInsideOfASwitch) {
               "break#2: @{}\n");
 }
 
+TEST(StatementFlowTest, continueLeadsToTheConditionAtTheEnd) {
+    EXPECT_EQ(FlowOf("do { if (a) continue; x; } while (b); y;").statements(), "{}: do b, END\n"
+                                                                               "do b: ^{do b}, -y\n"
+                                                                               "{do b}: if a, do b\n"
+                                                                               "if a: +{if a}, -x\n"
+                                                                               "{if a}: continue, x\n"
+                                                                               "continue: @do b\n"
+                                                                               "x: {do b}\n"
+                                                                               "y: {}\n");
+}
+
 TEST(StatementFlowTest, labelsInsideOfALoop) {
     EXPECT_EQ(FlowOf("switch (a) { case 0: do { x; case 1: y; } while (b); }").statements(),
               "{}: switch a, END\n"
