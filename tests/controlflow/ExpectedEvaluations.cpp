@@ -58,6 +58,21 @@ ExpectedEvaluations::List ExpectedEvaluations::partsOf(const ExpressionBase& exp
     return parts;
 }
 
+void ExpectedEvaluations::addOperands(const ExpressionBase& expression, Add addLast) {
+    if (const auto* choice = dynamic_cast<const ConditionalExpression*>(&expression)) {
+        addCondition(choice->getCondition());
+        (this->*addLast)(choice->getFirst());
+        (this->*addLast)(choice->getSecond());
+        return;
+    }
+    const auto& binary = static_cast<const BinaryExpression&>(expression);
+    if (binary.getOperator() == BinaryOperator::Comma)
+        addValue(binary.getLeft());
+    else
+        addCondition(binary.getLeft());
+    (this->*addLast)(binary.getRight());
+}
+
 void ExpectedEvaluations::addValue(const ExpressionBase* expression) {
     if (expression == nullptr)
         return;
@@ -67,17 +82,8 @@ void ExpectedEvaluations::addValue(const ExpressionBase* expression) {
         m_list.push_back(expression);
     } else if (const auto* statements = dynamic_cast<const StatementExpression*>(expression)) {
         addStatement(statements->getBlock());
-    } else if (const auto* choice = dynamic_cast<const ConditionalExpression*>(expression)) {
-        addCondition(choice->getCondition());
-        addValue(choice->getFirst());
-        addValue(choice->getSecond());
     } else {
-        const auto& binary = static_cast<const BinaryExpression&>(*expression);
-        if (binary.getOperator() == BinaryOperator::Comma)
-            addValue(binary.getLeft());
-        else
-            addCondition(binary.getLeft());
-        addValue(binary.getRight());
+        addOperands(*expression, &ExpectedEvaluations::addValue);
     }
 }
 
@@ -95,17 +101,8 @@ void ExpectedEvaluations::addCondition(const ExpressionBase* expression) {
         for (const ExpressionBase* part : statements != nullptr ? List() : partsOf(*expression))
             addValue(part);
         m_list.push_back(expression);
-    } else if (const auto* choice = dynamic_cast<const ConditionalExpression*>(expression)) {
-        addCondition(choice->getCondition());
-        addCondition(choice->getFirst());
-        addCondition(choice->getSecond());
     } else {
-        const auto& binary = static_cast<const BinaryExpression&>(*expression);
-        if (binary.getOperator() == BinaryOperator::Comma)
-            addValue(binary.getLeft());
-        else
-            addCondition(binary.getLeft());
-        addCondition(binary.getRight());
+        addOperands(*expression, &ExpectedEvaluations::addCondition);
     }
 }
 

@@ -29,6 +29,10 @@ public:
     [[nodiscard]] List partsOf(const Tessel::ExpressionBase& expression) const;
 
 private:
+    using Add = void (ExpectedEvaluations::*)(const Tessel::ExpressionBase*);
+
+    /// The operands of an operator that is taken apart. @param addLast for those whose value is the operator's.
+    void addOperands(const Tessel::ExpressionBase& expression, Add addLast);
     void addStatement(const Tessel::StatementBase* statement);
     void addValue(const Tessel::ExpressionBase* expression);
     void addCondition(const Tessel::ExpressionBase* expression);
