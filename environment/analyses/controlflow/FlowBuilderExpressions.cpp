@@ -155,7 +155,7 @@ void FlowBuilder::decide(ExpressionBase& expression) {
     m_points.connect(m_work.in, point);
     if (m_facts.neverEnds(expression))
         return;
-    const std::optional<std::int64_t> value = constantOf(expression);
+    const std::optional<ConstantValue> value = constantOf(expression);
     if (!value || *value != 0)
         m_points.connect(point, m_work.out, ControlTransfer::True, ControlTransfer::Next);
     if (!value || *value == 0)
