@@ -9,6 +9,9 @@
 #include "visualization/controlflow/StandInLayout.h"
 
 #include <QHash>
+#include <QtMath>
+
+#include <algorithm>
 
 namespace Kova::GUI::ControlFlowGraphExpr {
 
@@ -17,6 +20,9 @@ namespace {
 using BasicBlock = ::ControlFlowGraphExpr::BasicBlock;
 
 constexpr QRgb unreachableColor = 0xff808080;
+
+/// Between the upper border of the picture and a loop, in graph units.
+constexpr qreal loopGap = 5.0;
 
 QString textOf(const BasicBlock& block) {
     std::string text;
@@ -97,6 +103,17 @@ void ControlFlowGraphExprWidget::layOut() {
     StandInLayout graphviz;
     graphviz.layOut(nodes());
     m_graphvizFailed = !graphviz.hasSucceeded();
+    keepLoopsInside();
+}
+
+void ControlFlowGraphExprWidget::keepLoopsInside() {
+    qreal top = 0.0;
+    for (const GenericGraph::EdgeBase* edge : edges())
+        if (edge->getShapeKind() == GenericGraph::EdgeBase::Loop)
+            top = std::min(top, edge->getShape().boundingRect().top() - loopGap);
+    if (top < 0.0)
+        for (GenericGraph::NodeBase* node : nodes())
+            node->moveTo(node->getCenter().x(), node->getCenter().y() - qFloor(top));
 }
 
 } // namespace Kova::GUI::ControlFlowGraphExpr

@@ -41,6 +41,9 @@ public:
 private:
     void addItems(const ::ControlFlowGraphExpr& graph);
     void layOut();
+    /// Dot knows nothing of how far a loop rises above its box, which may be in the first row when control never
+    /// reaches it.
+    void keepLoopsInside();
 
     bool m_usesGraphviz = true;
     bool m_graphvizFailed = false;

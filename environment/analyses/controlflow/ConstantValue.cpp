@@ -129,6 +129,13 @@ Constant shifted(BinaryOperator operation, Wide left, Wide right, IntegerType ty
     return computed(static_cast<Wide>((static_cast<UnsignedWide>(left) << distance) & UINT64_MAX), type);
 }
 
+/// None for what is no integer; but null pointers are known.
+Constant converted(Wide value, const Type& type) {
+    if (const std::optional<IntegerType> integer = Service::asInteger(&type))
+        return converted(value, *integer);
+    return value == 0 && Service::asPointer(&type) != nullptr ? Constant(value) : std::nullopt;
+}
+
 class Evaluator : private BaseVisitor {
 public:
     Constant evaluate(const ExpressionBase* expression) {
@@ -140,6 +147,14 @@ public:
         const_cast<ExpressionBase*>(expression)->accept(*this);
         --m_depth;
         return std::exchange(m_result, std::nullopt);
+    }
+    std::optional<bool> decide(const ExpressionBase* expression) {
+        // An address that nobody knows, but never null.
+        const auto* literal = dynamic_cast<const LiteralExpression*>(expression);
+        if (literal != nullptr && literal->getKind() == LiteralExpression::Kind::String)
+            return true;
+        const Constant value = evaluate(expression);
+        return value ? std::optional(*value != 0) : std::nullopt;
     }
 
 private:
@@ -153,10 +168,8 @@ private:
     void visit(EnumeratorReference& node) override { m_result = node.getEnumerator().getValue(); }
     void visit(CastExpression& node) override {
         const Constant value = evaluate(node.getOperand());
-        const std::optional<IntegerType> type = Service::asInteger(node.getType());
-        // Null pointers are the only ones known.
-        if (value && (type || (*value == 0 && Service::asPointer(node.getType()) != nullptr)))
-            m_result = type ? converted(*value, *type) : value;
+        if (value && node.getType() != nullptr)
+            m_result = converted(*value, *node.getType());
     }
     void visit(TypeQueryExpression& node) override {
         const Type* type = node.getOperand() != nullptr ? node.getOperand()->getType() : node.getQueriedType();
@@ -168,16 +181,23 @@ private:
         m_result = evaluate(node.getAssociationValue(node.getChosen()));
     }
     void visit(ConditionalExpression& node) override {
-        const Constant condition = evaluate(node.getCondition());
-        if (!condition)
-            return;
-        const bool isFirst = *condition != 0;
-        const Constant value =
-            isFirst && node.getFirst() == nullptr ? condition : evaluate(isFirst ? node.getFirst() : node.getSecond());
-        if (value)
-            m_result = converted(*value, typeOf(node));
+        Constant value;
+        if (node.getFirst() == nullptr) {
+            // The condition is evaluated once, as the program does: it may be such an expression, too.
+            value = evaluate(node.getCondition());
+            if (value && *value == 0)
+                value = evaluate(node.getSecond());
+        } else if (const std::optional<bool> holds = decide(node.getCondition())) {
+            value = evaluate(*holds ? node.getFirst() : node.getSecond());
+        }
+        m_result = value && node.getType() != nullptr ? converted(*value, *node.getType()) : value;
     }
     void visit(UnaryExpression& node) override {
+        if (node.getOperator() == UnaryOperator::LogicalNot) {
+            if (const std::optional<bool> holds = decide(node.getOperand()))
+                m_result = *holds ? 0 : 1;
+            return;
+        }
         const Constant value = evaluate(node.getOperand());
         if (!value || node.getOperand() == nullptr)
             return;
@@ -193,29 +213,29 @@ private:
         case UnaryOperator::BitwiseNot:
             m_result = computed(-*value - 1, type);
             break;
-        case UnaryOperator::LogicalNot:
-            m_result = *value == 0 ? 1 : 0;
-            break;
         default:
             break;
         }
     }
     void visit(BinaryExpression& node) override {
         const BinaryOperator operation = node.getOperator();
-        const Constant left = evaluate(node.getLeft());
-        const Constant right = evaluate(node.getRight());
         if (operation == BinaryOperator::LogicalAnd || operation == BinaryOperator::LogicalOr) {
+            const std::optional<bool> left = decide(node.getLeft());
+            const std::optional<bool> right = decide(node.getRight());
             // One operand may decide, wherever it stands.
             const bool deciding = operation == BinaryOperator::LogicalOr;
-            if ((left && (*left != 0) == deciding) || (right && (*right != 0) == deciding))
+            if (left == deciding || right == deciding)
                 m_result = deciding ? 1 : 0;
             else if (left && right)
                 m_result = deciding ? 0 : 1;
-        } else if (operation == BinaryOperator::Comma) {
-            m_result = right;
-        } else if (left && right) {
-            m_result = combine(node, *left, *right);
+            return;
         }
+        const Constant left = evaluate(node.getLeft());
+        const Constant right = evaluate(node.getRight());
+        if (operation == BinaryOperator::Comma)
+            m_result = right;
+        else if (left && right)
+            m_result = combine(node, *left, *right);
     }
 
     static Constant combine(const BinaryExpression& node, Wide left, Wide right) {
@@ -242,6 +262,10 @@ std::optional<ConstantValue> constantOf(const ExpressionBase& expression) {
 std::optional<ConstantValue> constantOf(const ExpressionBase& expression, const Type* type) {
     const Constant value = constantOf(expression);
     return value && type != nullptr ? converted(*value, promotedType(type)) : value;
+}
+
+std::optional<bool> truthOf(const ExpressionBase& expression) {
+    return Evaluator().decide(&expression);
 }
 
 } // namespace ControlFlow

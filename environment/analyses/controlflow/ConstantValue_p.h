@@ -23,4 +23,8 @@ using ConstantValue = __int128;
 [[nodiscard]] std::optional<ConstantValue> constantOf(const Kova::Tessel::ExpressionBase& expression,
                                                       const Kova::Tessel::Type* type);
 
+/// Whether an expression holds whenever it is evaluated. That is known of constants, and of strings: their addresses
+/// are never null.
+[[nodiscard]] std::optional<bool> truthOf(const Kova::Tessel::ExpressionBase& expression);
+
 } // namespace ControlFlow

@@ -155,10 +155,10 @@ void FlowBuilder::decide(ExpressionBase& expression) {
     m_points.connect(m_work.in, point);
     if (m_facts.neverEnds(expression))
         return;
-    const std::optional<ConstantValue> value = constantOf(expression);
-    if (!value || *value != 0)
+    const std::optional<bool> holds = truthOf(expression);
+    if (holds.value_or(true))
         m_points.connect(point, m_work.out, ControlTransfer::True, ControlTransfer::Next);
-    if (!value || *value == 0)
+    if (!holds.value_or(false))
         m_points.connect(point, m_work.otherwise, ControlTransfer::False, ControlTransfer::Next);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/tessel/service/Evaluation.h"
 
+#include "environment/tessel/DesignatedInitializerExpression.h"
 #include "environment/tessel/GenericSelectionExpression.h"
 #include "environment/tessel/TypeQueryExpression.h"
 #include "environment/tessel/TypedefDeclaration.h"
@@ -32,6 +33,8 @@ bool isEvaluated(const TesselBase& node) {
     }
     if (const auto* selection = dynamic_cast<const GenericSelectionExpression*>(parent))
         return node.getIndexInParent() == selection->getChosen() + 1;
+    if (const auto* designated = dynamic_cast<const DesignatedInitializerExpression*>(parent))
+        return &node == designated->getValue();
     return true;
 }
 

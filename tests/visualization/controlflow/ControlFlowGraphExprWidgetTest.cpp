@@ -95,6 +95,7 @@ private Q_SLOTS:
 
     void boxesFitTheirLabels();
     void dotPlacesTheBoxes();
+    void loopsStayInThePicture();
     void dotReadsWhatStandsInTheBoxes();
     void withoutDotBoxesAreInRows();
     void failuresAreForgotten();
@@ -283,6 +284,24 @@ void ControlFlowGraphExprWidgetTest::dotPlacesTheBoxes() {
     QCOMPARE(m_widget->getGraphSize(),
              QSize(right.getX() + right.getWidth() - 1 + 50, low.getY() + low.getHeight() - 1 + 50));
     QCOMPARE(m_widget->edge(0).getStart(), m_widget->node(0).cutEdge(m_widget->node(0).getCenter(), right.getCenter()));
+}
+
+// { return; while (a) ; }, which dot draws with the loop's box in the first row, 25 below the border. The loop rises
+// higher.
+void ControlFlowGraphExprWidgetTest::loopsStayInThePicture() {
+    const FakeDot dot(
+        ("graph 1 3 5\n" + plainLine(0, 1, 4.75) + plainLine(1, 2.5, 4.75) + plainLine(2, 0.75, 0.25) + "stop\n")
+            .toUtf8());
+    show(*block(make<ReturnStatement>(nullptr), make<WhileStatement>(use(m_a), block())));
+    QCOMPARE(m_widget->texts(), QStringList({"Entry", "a", "Exit"}));
+    QCOMPARE(m_widget->arrows(), QStringList({"0>2", "1>1", "1>2"}));
+    const QRectF loop = m_widget->edge(1).getShape().boundingRect();
+    QVERIFY(loop.top() >= 5.0);
+    QVERIFY(loop.top() < 6.0);
+    // All have moved.
+    const int moved = m_widget->node(1).getCenter().y() - 25;
+    QCOMPARE(m_widget->centers(), (std::vector<QPoint>{{100, 25 + moved}, {250, 25 + moved}, {75, 475 + moved}}));
+    QCOMPARE(m_widget->getGraphSize().height(), m_widget->node(2).getRect().bottom() + 50);
 }
 
 void ControlFlowGraphExprWidgetTest::dotReadsWhatStandsInTheBoxes() {
