@@ -36,10 +36,11 @@ public:
 
     /// The block, then the statements inside in program order.
     [[nodiscard]] const std::vector<const Kova::Tessel::StatementBase*>& getStatements() const { return m_statements; }
-    /// Without repetitions; empty for null and statements that are not the graph's. A block has what its opening leads to
-    /// before what its end leads to, and any other statement where control leaves it several times the same; each time
-    /// come first those that are reached without a jump, then those jumped to, both in program order. A successor that
-    /// is not among getStatements() is outside of the block; null, the last one, stands for the end of the subroutine.
+    /// Without repetitions; empty for null and statements that are not the graph's. A block has what its opening leads
+    /// to before what its end leads to, and any other statement where control leaves it several times the same; each
+    /// time come first those that are reached without a jump, then those jumped to, both in program order. A successor
+    /// that is not among getStatements() is outside of the block; null, the last one, stands for the end of the
+    /// subroutine.
     [[nodiscard]] const std::vector<const Kova::Tessel::StatementBase*>&
     getSuccessors(const Kova::Tessel::StatementBase* statement) const;
     /// One for each successor, in their order. Where there are several ways to a successor, Back goes before the
