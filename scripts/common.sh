@@ -7,11 +7,11 @@ say() { printf '== %s\n' "$*"; }
 fail() { printf '== %s\n' "$*" >&2; exit 1; }
 
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libisl-dev
-    qtbase5-dev libqt5svg5-dev
+    qtbase5-dev libqt5svg5-dev graphviz
     libclang-cpp19-dev libclang-19-dev llvm-19-dev libclang-common-19-dev zlib1g-dev
     fonts-liberation fonts-dejavu-core)
 # What tests need beside: a display to open the real window on.
-TEST_PACKAGES=(libgtest-dev libgmock-dev xvfb xauth graphviz)
+TEST_PACKAGES=(libgtest-dev libgmock-dev xvfb xauth)
 # For --core-only: neither Qt nor LLVM.
 CORE_PACKAGES=(g++ cmake ninja-build pkg-config libisl-dev libgtest-dev)
 

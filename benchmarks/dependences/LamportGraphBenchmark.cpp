@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/dependences/NestPrograms.h"
 #include "benchmarks/dependences/PlainDependences.h"
+#include "benchmarks/frontends/c/FunctionBody.h"
 #include "environment/analyses/lamport/LamportGraph.h"
-#include "environment/tessel/BlockStatement.h"
-#include "environment/tessel/ProgramUnit.h"
-#include "environment/tessel/SubroutineDeclaration.h"
-#include "environment/tessel/service/Preorder.h"
-#include "frontends/c/CFrontend.h"
 
 #include <benchmark/benchmark.h>
-
-#include <cstdlib>
-#include <fstream>
-#include <unistd.h>
 
 // What finding dependences costs, from the tree to the arrows, against isl asked about every pair of accesses.
 namespace {
@@ -20,28 +12,6 @@ namespace {
 using namespace Kova;
 using Benchmark::PlainDependences;
 using DepGraph::LamportGraph;
-
-/// The only function of a C program.
-class Body {
-public:
-    explicit Body(const std::string& text) {
-        const std::string path = "/tmp/kova-bench-" + std::to_string(getpid()) + ".c";
-        std::ofstream(path) << text;
-        const auto result = Frontends::CFrontend({}).read(path, m_program);
-        unlink(path.c_str());
-        for (Tessel::TesselBase& node : Tessel::Service::Preorder(m_program))
-            if (const auto* function = dynamic_cast<const Tessel::SubroutineDeclaration*>(&node))
-                m_body = function->getBody();
-        if (result != Frontends::CFrontend::Result::Complete || m_body == nullptr)
-            std::abort();
-    }
-
-    [[nodiscard]] Tessel::BlockStatement& get() { return *m_body; }
-
-private:
-    Tessel::ProgramUnit m_program;
-    Tessel::BlockStatement* m_body = nullptr;
-};
 
 std::size_t countCarriers(const LamportGraph& graph) {
     std::size_t carriers = 0;
@@ -51,7 +21,7 @@ std::size_t countCarriers(const LamportGraph& graph) {
 }
 
 void analyse(benchmark::State& state, const std::string& text, DepGraph::EN_RefineMethod method) {
-    Body body(text);
+    Benchmark::FunctionBody body(text);
     std::size_t arrows = 0;
     std::size_t carriers = 0;
     for (auto _ : state) {
@@ -69,7 +39,7 @@ enum class Relations { Ready, Read };
 
 void askIsl(benchmark::State& state, const std::string& text, Relations relations,
             PlainDependences::Questions questions) {
-    Body body(text);
+    Benchmark::FunctionBody body(text);
     const DepGraph::AccessModel model(body.get());
     PlainDependences plain(model);
     std::size_t carriers = 0;
@@ -102,7 +72,7 @@ void valueBased(benchmark::State& state) {
 }
 /// From the tree to the accesses alone.
 void accesses(benchmark::State& state) {
-    Body body(nestOf(state));
+    Benchmark::FunctionBody body(nestOf(state));
     for (auto _ : state)
         benchmark::DoNotOptimize(DepGraph::AccessModel(body.get()).getAccesses().size());
 }

@@ -110,6 +110,23 @@ QString checkTogether(const Options& options) {
     return SourceReader(options.reading).checkOptions();
 }
 
+/// The list in lines as narrow as those of the help text.
+QString wrappedNames(const QStringList& names) {
+    constexpr int column = 21;
+    constexpr int mostCharacters = 80;
+    QStringList lines = {QString(column, ' ')};
+    for (const QString& name : names) {
+        const QString word = name == names.back() ? name : name + ", ";
+        if (lines.back().size() + word.trimmed().size() > mostCharacters)
+            lines.append(QString(column, ' '));
+        lines.back() += word;
+    }
+    for (QString& line : lines)
+        while (line.endsWith(' '))
+            line.chop(1);
+    return lines.join('\n');
+}
+
 } // namespace
 
 ParsedCommandLine parseCommandLine(const QStringList& arguments) {
@@ -137,7 +154,8 @@ QString helpText() {
 Opens a window on the C files, or does without one what the options ask for.
 
 What to look at:
-  --view NAME        the view: %1
+  --view NAME        the view:
+%1
   --function NAME    the subroutine to look at; where files have static ones of
                      one name, "NAME (FILE)" singles one out
                      (default: the whole program)
@@ -172,7 +190,7 @@ Exit status:
      to look at; the other files are processed all the same
 Messages are on standard error as FILE:LINE:COLUMN: TEXT or kova-shell: TEXT.
 )help")
-        .arg(getViewNames().join(", "), pictureSuffixes());
+        .arg(wrappedNames(getViewNames()), pictureSuffixes());
 }
 
 QString versionText() {

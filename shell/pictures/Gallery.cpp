@@ -71,7 +71,7 @@ void Gallery::writePicture(const ViewKind& kind, View& view, const Subject& subj
     if (!view.getWidget().isBuilded())
         return;
     const QString name = m_names.obtain(kind.name + "-" + fileNameFor(subject));
-    const QString png = writeFormat(view, name + ".png");
+    const QString png = fitsImage(view.getWidget()) ? writeFormat(view, name + ".png") : QString();
     const QString svg = writeFormat(view, name + ".svg");
     if (!png.isEmpty() || !svg.isEmpty())
         m_entries.push_back({kind.title, subject.getTitle(), captionFor(subject, view), png, svg});

@@ -11,7 +11,8 @@ namespace Kova::Shell {
 
 class OpenedProgram;
 
-/// Writes the pictures of everything that is worth one, as PNG and SVG, with a page index.html that shows them.
+/// Writes the pictures of everything that is worth one, as PNG and SVG, with a page index.html that shows them. What is
+/// too large for an image of pixels is there as SVG only.
 class Gallery {
 public:
     /// @param directory is made when missing.

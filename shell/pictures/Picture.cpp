@@ -39,7 +39,7 @@ EncodedPicture encodeSvg(GUI::GraphWidgetBase& widget) {
 EncodedPicture encodeImage(GUI::GraphWidgetBase& widget, const char* format) {
     const QSize size = widget.getGraphSize();
     const QString measure = QString("%1 x %2 pixels").arg(size.width()).arg(size.height());
-    if (size.width() > mostPixelsPerSide || size.height() > mostPixelsPerSide)
+    if (!fitsImage(widget))
         return {{},
                 QString("%1 are too many for an image, which has at most %2 a side: use SVG")
                     .arg(measure)
@@ -55,6 +55,11 @@ EncodedPicture encodeImage(GUI::GraphWidgetBase& widget, const char* format) {
 }
 
 } // namespace
+
+bool fitsImage(const GUI::GraphWidgetBase& widget) {
+    const QSize size = widget.getGraphSize();
+    return size.width() <= mostPixelsPerSide && size.height() <= mostPixelsPerSide;
+}
 
 EncodedPicture encodePicture(GUI::GraphWidgetBase& widget, PictureFormat format) {
     if (!widget.isBuilded())

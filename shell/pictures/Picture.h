@@ -18,6 +18,9 @@ struct EncodedPicture {
     QString error;
 };
 
+/// Whether the widget's graph at scale 1 is small enough for an image of pixels; SVG has no limit.
+[[nodiscard]] bool fitsImage(const GUI::GraphWidgetBase& widget);
+
 /// The widget's graph at scale 1, without its legend.
 [[nodiscard]] EncodedPicture encodePicture(GUI::GraphWidgetBase& widget, PictureFormat format);
 

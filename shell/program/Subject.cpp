@@ -80,6 +80,13 @@ QString Subject::getFile() const {
     return unit != nullptr ? QString::fromStdString(unit->getPath()) : QString();
 }
 
+bool Subject::holds(const Tessel::TesselBase& node) const {
+    for (const Tessel::TesselBase* around = &node; around != nullptr; around = around->getParent())
+        if (around == m_node)
+            return true;
+    return false;
+}
+
 std::uint32_t Subject::getLine() const {
     return m_node != nullptr && m_kind != Kind::Program ? m_node->getSourceRange().beginLine : 0;
 }

@@ -43,6 +43,9 @@ public:
     /// The line that it begins on, 0 for a program or when unknown.
     [[nodiscard]] std::uint32_t getLine() const;
 
+    /// True of the subject's own node and all below it.
+    [[nodiscard]] bool holds(const Tessel::TesselBase& node) const;
+
     [[nodiscard]] bool operator==(const Subject& other) const { return m_node == other.m_node; }
     [[nodiscard]] bool operator!=(const Subject& other) const { return m_node != other.m_node; }
 

@@ -28,6 +28,9 @@ struct SubjectPreference {
     Subject::Kind whenNothingNamed = Subject::Kind::Program;
     /// Statement: the statement that starts on the line; Loop, Block: the innermost one around that statement.
     Subject::Kind atLine = Subject::Kind::Statement;
+    /// What is around a node that is pointed at in the source: as at a line, or the Subroutine, and then only if what
+    /// is shown does not hold the node anyway.
+    Subject::Kind whenPointedAt = atLine;
 };
 
 /// Either a subject or the reason why there is none, for people.

@@ -132,11 +132,12 @@ void LamportDependencesView::selectNode(const Tessel::TesselBase& node) {
 }
 
 QJsonObject LamportDependencesView::describe() const {
-    return describeTextGraph(*m_widget,
-                             [this](const GUI::TextGraph::EdgeBase& edge, int index, QJsonObject& description) {
-                                 m_table->getRecords().at(static_cast<std::size_t>(index)).describe(description);
-                                 description["hint"] = edge.getHint();
-                             });
+    return describeTextGraph(
+        *m_widget, [](const GUI::TextGraph::NodeBase&, QJsonObject&) {},
+        [this](const GUI::TextGraph::EdgeBase& edge, int index, QJsonObject& description) {
+            m_table->getRecords().at(static_cast<std::size_t>(index)).describe(description);
+            description["hint"] = edge.getHint();
+        });
 }
 
 QString LamportDependencesView::summarize() const {

@@ -33,6 +33,11 @@ Tessel::BlockStatement* blockOf(const Subject& subject) {
     return subroutine != nullptr ? subroutine->getBody() : nullptr;
 }
 
+Tessel::StatementBase* statementOf(const Subject& subject) {
+    Tessel::StatementBase* statement = subject.getStatement();
+    return statement != nullptr ? statement : blockOf(subject);
+}
+
 bool isBlockWithLoops(const Subject& subject) {
     Tessel::BlockStatement* block = blockOf(subject);
     const Tessel::LoopStatement* first = block != nullptr ? firstLoopIn(*block) : nullptr;

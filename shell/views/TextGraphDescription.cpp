@@ -25,13 +25,16 @@ QJsonObject describeNode(const NodeBase& node, int id) {
 
 } // namespace
 
-QJsonObject describeTextGraph(const GUI::TextGraph::TextGraphWidgetBase& widget, const TextEdgeFields& edgeFields) {
+QJsonObject describeTextGraph(const GUI::TextGraph::TextGraphWidgetBase& widget, const TextNodeFields& nodeFields,
+                              const TextEdgeFields& edgeFields) {
     QHash<const NodeBase*, int> ids; // looked up, never walked
     QJsonArray nodes;
     for (const GUI::TextGraph::NodesLine& line : widget.getLines())
         for (const NodeBase* node : line.nodes) {
             ids.insert(node, nodes.size());
-            nodes.append(describeNode(*node, nodes.size()));
+            QJsonObject description = describeNode(*node, nodes.size());
+            nodeFields(*node, description);
+            nodes.append(description);
         }
     QJsonArray edges;
     for (const EdgeBase* edge : widget.getEdges()) {

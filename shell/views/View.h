@@ -62,6 +62,12 @@ public:
     /// Called when the user picks something in the panel; empty for no call.
     void setPickListener(std::function<void(const Picked&)> listener) { m_pickListener = std::move(listener); }
 
+    /// Asked before something that may take long, with a sentence that says what; false for doing without. Empty for no
+    /// question.
+    void setPatienceListener(std::function<bool(const QString& warning)> listener) {
+        m_patienceListener = std::move(listener);
+    }
+
     /// "nodes" and "edges" as they are drawn, and what else the view has to say.
     [[nodiscard]] virtual QJsonObject describe() const = 0;
 
@@ -70,8 +76,12 @@ public:
 
 protected:
     void tellPicked(const Picked& picked) const;
+    /// Asks whether to do something that may take long; where nobody is there to be asked, the warning goes to the
+    /// console of a tag, and it is done.
+    [[nodiscard]] bool mayTakeLong(const std::string& tag, const QString& warning) const;
 
 private:
+    std::function<bool(const QString&)> m_patienceListener;
     std::function<void(const Picked&)> m_pickListener;
 };
 

@@ -2,6 +2,8 @@
 #include "shell/views/ViewTable.h"
 
 #include "shell/views/CallGraphView.h"
+#include "shell/views/ControlFlowView.h"
+#include "shell/views/ExpressionControlFlowView.h"
 #include "shell/views/LamportDependencesView.h"
 #include "shell/views/SourceView.h"
 
@@ -10,6 +12,8 @@ namespace Kova::Shell {
 const std::vector<ViewKind>& getViewKinds() {
     static const std::vector<ViewKind> kinds = {
         CallGraphView::kind(),
+        ControlFlowView::kind(),
+        ExpressionControlFlowView::kind(),
         LamportDependencesView::kind(),
         SourceView::kind(),
     };

@@ -93,6 +93,7 @@ void MainWindow::connectProgram() {
     connect(m_source, &SourcePane::nodePicked, this, [this](Tessel::TesselBase* node) { showNode(*node); });
     connect(m_pane, &ViewPane::picked, this,
             [this](const Picked& what) { m_source->showPicked(what.node, what.other); });
+    m_pane->setPatienceListener([this](const QString& warning) { return askForPatience(warning); });
     connect(m_console, &ConsolePane::placePicked, this, &MainWindow::showPlace);
     connect(m_recent, &RecentFiles::filePicked, this, [this](const QString& path) {
         if (!openFiles({path}))
@@ -262,8 +263,10 @@ void MainWindow::showPlace(const QString& file, int line) {
 
 // What is marked stays marked: it may be less than what the view shows.
 void MainWindow::showNode(Tessel::TesselBase& node) {
-    const Subject subject = SubjectFinder::subjectAt(node, m_kind->preference.atLine);
-    if (m_kind->takes(subject) && subject != m_subject) {
+    const Subject::Kind wanted = m_kind->preference.whenPointedAt;
+    const Subject subject = SubjectFinder::subjectAt(node, wanted);
+    const bool isShown = wanted == Subject::Kind::Subroutine ? m_subject.holds(node) : subject == m_subject;
+    if (m_kind->takes(subject) && !isShown) {
         const WaitCursor cursor;
         showInView(subject);
     }

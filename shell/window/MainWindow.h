@@ -66,6 +66,8 @@ private:
     void askAndOpen();
     void askAndAdd();
     void askAndExport();
+    /// @return whether the user wants to wait for what the warning is about.
+    [[nodiscard]] bool askForPatience(const QString& warning);
     void showAbout();
     void showKeys();
 

@@ -15,8 +15,10 @@
 #include <QActionGroup>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -176,6 +178,17 @@ void MainWindow::askAndExport() {
     const QString path = QFileDialog::getSaveFileName(this, tr("Export"), m_kind->name + ".png", filter);
     if (!path.isEmpty())
         exportTo(path);
+}
+
+bool MainWindow::askForPatience(const QString& warning) {
+    QMessageBox box(QMessageBox::Question, tr("Large Graph"), warning, QMessageBox::NoButton, this);
+    box.setInformativeText(tr("Without it the blocks stand in rows, and their arrows cross."));
+    const QPushButton* wait = box.addButton(tr("&Wait for It"), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(tr("&Do Without"), QMessageBox::RejectRole));
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    box.exec();
+    QGuiApplication::restoreOverrideCursor();
+    return box.clickedButton() == wait;
 }
 
 void MainWindow::showAbout() {

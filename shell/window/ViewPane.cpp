@@ -79,6 +79,8 @@ void ViewPane::connectView(View& view) {
         if (m_view == shown)
             Q_EMIT picked(what);
     });
+    view.setPatienceListener(
+        [this](const QString& warning) { return !m_patienceListener || m_patienceListener(warning); });
     widget.viewport()->installEventFilter(this);
 }
 

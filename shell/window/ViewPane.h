@@ -5,6 +5,7 @@
 
 #include <QStackedWidget>
 
+#include <functional>
 #include <map>
 
 namespace Kova::Shell {
@@ -28,6 +29,11 @@ public:
     void show(const ViewKind& kind, const Subject& subject);
     /// Leaves nothing in any view that points into the program, and shows the welcome page.
     void clearViews();
+
+    /// Asked by views before something that may take long; see View::setPatienceListener().
+    void setPatienceListener(std::function<bool(const QString& warning)> listener) {
+        m_patienceListener = std::move(listener);
+    }
 
     /// Null while the welcome page is shown.
     [[nodiscard]] View* getView() const { return m_view; }
@@ -62,6 +68,7 @@ private:
     View& obtainView(const ViewKind& kind);
     void zoomTo(double scale);
 
+    std::function<bool(const QString&)> m_patienceListener;
     std::map<QString, std::unique_ptr<View>> m_views;
     View* m_view = nullptr;
     /// Where the left button went down, and what was there: a click when it goes up nearby.

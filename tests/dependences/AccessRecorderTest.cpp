@@ -6,7 +6,7 @@
 #include "environment/tessel/SubscriptExpression.h"
 #include "environment/tessel/UnaryExpression.h"
 #include "environment/tessel/VariableReference.h"
-#include "tests/dependences/FirstBody.h"
+#include "tests/frontends/c/FirstBody.h"
 
 #include <gtest/gtest.h>
 

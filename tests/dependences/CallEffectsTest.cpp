@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "environment/analyses/lamport/CallEffects_p.h"
 #include "environment/tessel/SubroutineCallExpression.h"
-#include "tests/dependences/FirstBody.h"
+#include "tests/frontends/c/FirstBody.h"
 
 #include <gtest/gtest.h>
 

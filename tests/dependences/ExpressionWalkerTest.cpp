@@ -4,7 +4,7 @@
 #include "environment/tessel/SubroutineCallExpression.h"
 #include "environment/tessel/SubroutineReference.h"
 #include "environment/tessel/VariableReference.h"
-#include "tests/dependences/FirstBody.h"
+#include "tests/frontends/c/FirstBody.h"
 
 #include <gtest/gtest.h>
 

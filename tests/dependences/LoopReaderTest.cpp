@@ -3,7 +3,7 @@
 #include "environment/tessel/DoWhileStatement.h"
 #include "environment/tessel/ForStatement.h"
 #include "environment/tessel/WhileStatement.h"
-#include "tests/dependences/FirstBody.h"
+#include "tests/frontends/c/FirstBody.h"
 
 #include <gtest/gtest.h>
 

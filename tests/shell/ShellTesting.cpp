@@ -38,6 +38,29 @@ WrittenProgram::WrittenProgram(const SourceFiles& files) {
     program = readProgram(paths);
 }
 
+QByteArray manyBranches(int branches) {
+    QByteArray text = "void f(int n) {\n";
+    for (int i = 0; i < branches; ++i)
+        text += "    if (n) n = " + QByteArray::number(i) + ";\n";
+    return text + "}\n";
+}
+
+FakeGraphviz::FakeGraphviz(Program program) : m_path(qgetenv("PATH")) {
+    if (program == Program::Failing) {
+        const QString dot = m_folder.write("dot", "#!/bin/sh\n: > \"${0%/*}/ran\"\nexit 1\n");
+        QFile::setPermissions(dot, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    qputenv("PATH", QFile::encodeName(m_folder.path({})));
+}
+
+FakeGraphviz::~FakeGraphviz() {
+    qputenv("PATH", m_path);
+}
+
+bool FakeGraphviz::wasRun() const {
+    return QFile::exists(m_folder.path("ran"));
+}
+
 QStringList filesIn(const QString& directory) {
     return QDir(directory).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }

@@ -85,6 +85,46 @@ inline constexpr auto threeDependences = "void f(double a[100], double b[100], i
                                          "    }\n"                                         // 5
                                          "}\n";                                            // 6
 
+/// A procedure `f` with a loop that is left, `g` with a loop that tests last and both branches, and `h` without either.
+inline constexpr auto loopsAndBranches = "int f(int n) {\n"              // 1
+                                         "    int s = 0;\n"              // 2
+                                         "    while (n > 0) {\n"         // 3
+                                         "        if (n == 5)\n"         // 4
+                                         "            break;\n"          // 5
+                                         "        s += n--;\n"           // 6
+                                         "    }\n"                       // 7
+                                         "    return s;\n"               // 8
+                                         "}\n"                           // 9
+                                         "void g(int n) {\n"             // 10
+                                         "    do {\n"                    // 11
+                                         "        if (n)\n"              // 12
+                                         "            n--;\n"            // 13
+                                         "        else\n"                // 14
+                                         "            n++;\n"            // 15
+                                         "    } while (n != 3);\n"       // 16
+                                         "}\n"                           // 17
+                                         "int h(int x) { return x; }\n"; // 18
+
+/// A procedure `f` with 2 * branches blocks of expressions.
+[[nodiscard]] QByteArray manyBranches(int branches);
+
+/// While it lives there is another program `dot`, and no other program, for this process and those that it starts.
+class FakeGraphviz {
+public:
+    enum class Program { Missing, Failing };
+
+    explicit FakeGraphviz(Program program);
+    ~FakeGraphviz();
+    FakeGraphviz(const FakeGraphviz&) = delete;
+    FakeGraphviz& operator=(const FakeGraphviz&) = delete;
+
+    [[nodiscard]] bool wasRun() const;
+
+private:
+    SourceFolder m_folder;
+    QByteArray m_path;
+};
+
 /// The options that describe the call graph of the files behind them.
 extern const QStringList describing;
 

@@ -7,8 +7,8 @@
 
 namespace Kova::GUI::ControlFlowGraphExpr {
 
-/// Has `dot` place nodes with texts that it could not read: in their place it gets nodes with texts of the same shape,
-/// and the edges between them. The nodes stay where they are when `dot` is missing or fails.
+/// Has `dot` place nodes with texts that it could not read: instead of them it gets others with the same edges and
+/// with texts of the same shape. The nodes stay where they are when `dot` is missing or fails.
 class VISUALIZATION_EXPORT StandInLayout final : public GenericGraph::LayoutManager {
 public:
     /// Edges that lead to nodes outside of the list make no difference.

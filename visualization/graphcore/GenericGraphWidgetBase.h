@@ -51,6 +51,8 @@ public:
     [[nodiscard]] NodeBase* findNodeByPosition(const QPoint& position) const;
     /// The last edge of the list that was at the position (graph units) when updateMap() ran last, null for none.
     [[nodiscard]] EdgeBase* findEdgeByPosition(const QPoint& position) const;
+    /// The same, or else one unit beside the position: the edge that the mouse highlights there.
+    [[nodiscard]] EdgeBase* findEdgeNear(const QPoint& position) const;
 
     /// Draws a node as if the mouse were over it, until the mouse moves; null for none.
     void highlightNode(NodeBase* node);
@@ -92,7 +94,6 @@ private:
     void drawArea(QPainter& painter, const QRectF& area);
     void dragTo(const QPoint& position);
     void hover(QMouseEvent* event);
-    [[nodiscard]] EdgeBase* probeEdge(const QPoint& position) const;
     void showToolTip(const QPoint& globalPosition) const;
     void rightClick(QMouseEvent* event);
 

@@ -64,7 +64,7 @@ void GenericGraphWidgetBase::hover(QMouseEvent* event) {
         viewport()->update();
     }
     // Edges are probed over a node as well, and win.
-    EdgeBase* edge = probeEdge(position);
+    EdgeBase* edge = findEdgeNear(position);
     if (edge != m_hoveredEdge) {
         m_hoveredNode = nullptr;
         m_hoveredEdge = edge;
@@ -73,8 +73,7 @@ void GenericGraphWidgetBase::hover(QMouseEvent* event) {
     }
 }
 
-EdgeBase* GenericGraphWidgetBase::probeEdge(const QPoint& position) const {
-    // In graph units, so that lines one unit beside the position are found too.
+EdgeBase* GenericGraphWidgetBase::findEdgeNear(const QPoint& position) const {
     static constexpr std::array<QPoint, 5> offsets = {QPoint(0, 0), QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1),
                                                       QPoint(0, 1)};
     for (const QPoint& offset : offsets) {

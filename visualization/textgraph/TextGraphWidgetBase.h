@@ -121,6 +121,7 @@ private:
     void drag(const QPoint& point, Qt::KeyboardModifiers modifiers);
     void hover(QMouseEvent* event);
     [[nodiscard]] int probeEdge(const QPoint& point) const;
+    void spreadLines(const std::function<bool(int line)>& areJoined);
     void fitHeight();
     void fitWidth();
     void drawNodes(QPainter& painter, const QRectF* area) const;

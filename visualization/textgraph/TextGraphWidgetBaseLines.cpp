@@ -36,6 +36,9 @@ public:
         std::sort(m_pairs.begin(), m_pairs.end());
     }
 
+    /// Whether each line is below the one before it, with its nodes.
+    [[nodiscard]] bool areInOrder() const { return m_isOrderly; }
+
     /// A line has moved as far as the next one when its turn comes, and those above it less far. So only its own nodes
     /// are at its height, and the heights from before tell who is joined, unless the lines were in disorder.
     [[nodiscard]] bool areJoined(int line) const {
@@ -134,11 +137,28 @@ void TextGraphWidgetBase::fitHeight() {
         setGraphSize(getGraphSize().width(), saturated(qint64{m_lines.last().y} + m_cell.lineHeight));
 }
 
+// What shiftLines() does pair by pair; but each line moves once, not once for each pair above it.
+void TextGraphWidgetBase::spreadLines(const std::function<bool(int)>& areJoined) {
+    int shift = 0;
+    for (int i = 0; i + 1 < m_lines.size(); ++i) {
+        const qint64 moved = qint64{m_lines.at(i + 1).y} + shift + edgeRoom;
+        const qint64 lowest = qint64{m_lines.constLast().y} + shift + edgeRoom;
+        if (areJoined(i) && moved > qint64{m_lines.at(i).y} + m_cell.lineHeight && fitsInt(lowest))
+            shift += edgeRoom;
+        if (shift != 0)
+            m_lines[i + 1].setY(m_lines.at(i + 1).y + shift);
+    }
+}
+
 void TextGraphWidgetBase::moveCloseLinesApart() {
     const JoinedHeights joined(m_lines, m_edges);
-    for (int i = 0; i + 1 < m_lines.size(); ++i) {
-        if (joined.areJoined(i))
-            shiftLines(i + 1, edgeRoom);
+    if (joined.areInOrder()) {
+        spreadLines([&joined](int line) { return joined.areJoined(line); });
+    } else {
+        for (int i = 0; i + 1 < m_lines.size(); ++i) {
+            if (joined.areJoined(i))
+                shiftLines(i + 1, edgeRoom);
+        }
     }
     // Every line can be scrolled to and is exported.
     fitHeight();

@@ -24,9 +24,10 @@ using Service::IntegerType;
 
 namespace {
 
-using Constant = std::optional<std::int64_t>;
-// Wide enough for every operation on two values but shifts.
-using Wide = __int128;
+using Wide = ConstantValue;
+using Constant = std::optional<Wide>;
+// Wide enough for a product of any two values, but for its sign.
+using UnsignedWide = unsigned __int128;
 
 constexpr int maximalDepth = 100;
 
@@ -35,9 +36,13 @@ IntegerType promoted(IntegerType type) {
     return type.bits < 32 ? IntegerType{true, 32} : type;
 }
 
-IntegerType typeOf(const ExpressionBase& expression) {
+IntegerType promotedType(const Type* type) {
     // What is not known is taken for the widest type: then nothing wraps.
-    return promoted(Service::asInteger(expression.getType()).value_or(IntegerType{true, 64}));
+    return promoted(Service::asInteger(type).value_or(IntegerType{true, 64}));
+}
+
+IntegerType typeOf(const ExpressionBase& expression) {
+    return promotedType(expression.getType());
 }
 
 IntegerType common(IntegerType left, IntegerType right) {
@@ -49,7 +54,7 @@ IntegerType common(IntegerType left, IntegerType right) {
 Constant fitting(Wide value) {
     const bool fits =
         value >= std::numeric_limits<std::int64_t>::min() && value <= std::numeric_limits<std::int64_t>::max();
-    return fits ? Constant(static_cast<std::int64_t>(value)) : std::nullopt;
+    return fits ? Constant(value) : std::nullopt;
 }
 
 /// A value brought into a type as a conversion does.
@@ -62,7 +67,7 @@ Constant converted(Wide value, IntegerType type) {
     Wide remainder = value % range;
     if (remainder < 0)
         remainder += range;
-    return fitting(type.isSigned && remainder >= range / 2 ? remainder - range : remainder);
+    return type.isSigned && remainder >= range / 2 ? remainder - range : remainder;
 }
 
 /// The result of an operator. Signed ones must not overflow.
@@ -71,10 +76,17 @@ Constant computed(Wide value, IntegerType type) {
     return result && (!type.isSigned || *result == value) ? result : std::nullopt;
 }
 
+/// Of an unsigned type, the product may be reduced to what the type holds, as it is afterwards.
+Wide product(Wide left, Wide right, IntegerType type) {
+    if (type.isSigned)
+        return left * right;
+    return static_cast<Wide>((static_cast<UnsignedWide>(left) * static_cast<UnsignedWide>(right)) & UINT64_MAX);
+}
+
 Constant computed(BinaryOperator operation, Wide left, Wide right, IntegerType type) {
     switch (operation) {
     case BinaryOperator::Multiply:
-        return computed(left * right, type);
+        return computed(product(left, right, type), type);
     case BinaryOperator::Divide:
         return right != 0 ? computed(left / right, type) : std::nullopt;
     case BinaryOperator::Remainder:
@@ -106,15 +118,19 @@ Constant computed(BinaryOperator operation, Wide left, Wide right, IntegerType t
     }
 }
 
-Constant shifted(BinaryOperator operation, std::int64_t left, std::int64_t right, IntegerType type) {
-    if (left < 0 || right < 0 || right >= static_cast<std::int64_t>(std::min(type.bits, 64U)))
+Constant shifted(BinaryOperator operation, Wide left, Wide right, IntegerType type) {
+    if (left < 0 || right < 0 || right >= Wide{std::min(type.bits, 64U)})
         return std::nullopt;
-    const Wide value = operation == BinaryOperator::ShiftLeft ? Wide{left} << right : Wide{left} >> right;
-    return computed(value, type);
+    const int distance = static_cast<int>(right);
+    if (operation == BinaryOperator::ShiftRight)
+        return computed(left >> distance, type);
+    if (type.isSigned)
+        return computed(left << distance, type);
+    return computed(static_cast<Wide>((static_cast<UnsignedWide>(left) << distance) & UINT64_MAX), type);
 }
 
 /// None for what is no integer; but null pointers are known.
-Constant converted(std::int64_t value, const Type& type) {
+Constant converted(Wide value, const Type& type) {
     if (const std::optional<IntegerType> integer = Service::asInteger(&type))
         return converted(value, *integer);
     return value == 0 && Service::asPointer(&type) != nullptr ? Constant(value) : std::nullopt;
@@ -159,17 +175,21 @@ private:
         const Type* type = node.getOperand() != nullptr ? node.getOperand()->getType() : node.getQueriedType();
         const std::optional<std::uint64_t> size = Service::sizeOf(type);
         if (size && node.getQuery() == TypeQueryExpression::Query::SizeOf)
-            m_result = fitting(static_cast<Wide>(*size));
+            m_result = Wide{*size};
     }
     void visit(GenericSelectionExpression& node) override {
         m_result = evaluate(node.getAssociationValue(node.getChosen()));
     }
     void visit(ConditionalExpression& node) override {
-        const std::optional<bool> isFirst = decide(node.getCondition());
-        if (!isFirst)
-            return;
-        const ExpressionBase* first = node.getFirst() != nullptr ? node.getFirst() : node.getCondition();
-        const Constant value = evaluate(*isFirst ? first : node.getSecond());
+        Constant value;
+        if (node.getFirst() == nullptr) {
+            // The condition is evaluated once, as the program does: it may be such an expression, too.
+            value = evaluate(node.getCondition());
+            if (value && *value == 0)
+                value = evaluate(node.getSecond());
+        } else if (const std::optional<bool> holds = decide(node.getCondition())) {
+            value = evaluate(*holds ? node.getFirst() : node.getSecond());
+        }
         m_result = value && node.getType() != nullptr ? converted(*value, *node.getType()) : value;
     }
     void visit(UnaryExpression& node) override {
@@ -188,10 +208,10 @@ private:
             m_result = value;
             break;
         case UnaryOperator::Minus:
-            m_result = computed(-Wide{*value}, type);
+            m_result = computed(-*value, type);
             break;
         case UnaryOperator::BitwiseNot:
-            m_result = computed(-Wide{*value} - 1, type);
+            m_result = computed(-*value - 1, type);
             break;
         default:
             break;
@@ -218,7 +238,7 @@ private:
             m_result = combine(node, *left, *right);
     }
 
-    static Constant combine(const BinaryExpression& node, std::int64_t left, std::int64_t right) {
+    static Constant combine(const BinaryExpression& node, Wide left, Wide right) {
         const BinaryOperator operation = node.getOperator();
         const IntegerType leftType = typeOf(*node.getLeft());
         if (operation == BinaryOperator::ShiftLeft || operation == BinaryOperator::ShiftRight)
@@ -235,8 +255,13 @@ private:
 
 } // namespace
 
-std::optional<std::int64_t> constantOf(const ExpressionBase& expression) {
+std::optional<ConstantValue> constantOf(const ExpressionBase& expression) {
     return Evaluator().evaluate(&expression);
+}
+
+std::optional<ConstantValue> constantOf(const ExpressionBase& expression, const Type* type) {
+    const Constant value = constantOf(expression);
+    return value && type != nullptr ? converted(*value, promotedType(type)) : value;
 }
 
 std::optional<bool> truthOf(const ExpressionBase& expression) {

@@ -36,10 +36,10 @@ public:
 
     /// The block, then the statements inside in program order.
     [[nodiscard]] const std::vector<const Kova::Tessel::StatementBase*>& getStatements() const { return m_statements; }
-    /// Without repetitions; empty for null and statements that are not the graph's. First those that are reached
-    /// without a jump, then those jumped to, both in program order; where control passes a statement at several places,
-    /// as a block at both of its braces, those of the first place go before those of the next. A successor that is not
-    /// among getStatements() is outside of the block; null, behind all others of a place, stands for the end of the
+    /// Without repetitions; empty for null and statements that are not the graph's. A block has what its opening leads
+    /// to before what its end leads to, and any other statement where control leaves it several times the same; each
+    /// time come first those that are reached without a jump, then those jumped to, both in program order. A successor
+    /// that is not among getStatements() is outside of the block; null, the last one, stands for the end of the
     /// subroutine.
     [[nodiscard]] const std::vector<const Kova::Tessel::StatementBase*>&
     getSuccessors(const Kova::Tessel::StatementBase* statement) const;

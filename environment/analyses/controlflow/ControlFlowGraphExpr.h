@@ -46,8 +46,8 @@ public:
     ControlFlowGraphExpr(const ControlFlowGraphExpr&) = delete;
     ControlFlowGraphExpr& operator=(const ControlFlowGraphExpr&) = delete;
 
-    /// The entry, the blocks in the order in which the program writes what they evaluate, where the increment of a loop
-    /// counts as the end of its body, the exit.
+    /// The entry, the blocks in the order in which the program writes what they evaluate first, the exit. The increment
+    /// of a for comes behind the body.
     [[nodiscard]] const std::vector<BasicBlock*>& getBasicBlocks() const { return m_blocks; }
     /// Null in an empty graph, as the exit is.
     [[nodiscard]] BasicBlock* getEntry() const { return m_blocks.empty() ? nullptr : m_blocks.front(); }

@@ -31,9 +31,9 @@ public:
     void run() {
         findSteps();
         makeBlocks();
-        for (Step& step : m_steps)
-            if (!leadsOnInBlock(step))
-                connect(step);
+        for (std::size_t number = 0; number < m_steps.size(); ++number)
+            if (!leadsOnInBlock(number))
+                connect(m_steps[number]);
         markReachable();
     }
 
@@ -83,20 +83,20 @@ private:
         m_steps[arrival.point].previous = from;
     }
 
-    /// Whether the next expression is evaluated whenever this one is, and only then.
-    [[nodiscard]] bool leadsOnInBlock(const Step& step) const {
+    /// Whether the next expression is evaluated whenever this one is, and only then. Blocks follow the program's text,
+    /// so that it is not in the same block when it stands before.
+    [[nodiscard]] bool leadsOnInBlock(std::size_t number) const {
+        const Step& step = m_steps[number];
         if (step.expression == nullptr || step.next.size() != 1 || step.next.front().transfer != ControlTransfer::Next)
             return false;
         const Step& next = m_steps[step.next.front().point];
-        return next.expression != nullptr && next.waysIn == 1;
+        return next.expression != nullptr && next.waysIn == 1 && step.next.front().point > number;
     }
 
     void makeBlocks() {
         for (Step& step : m_steps) {
-            const Step& previous = m_steps[step.previous];
-            // Ways of this kind lead on in the program's text, so the block is there already.
-            const bool goesOn = step.waysIn == 1 && leadsOnInBlock(previous) && previous.block != nullptr;
-            step.block = goesOn ? previous.block : &m_graph.append();
+            const bool goesOn = step.waysIn == 1 && leadsOnInBlock(step.previous);
+            step.block = goesOn ? m_steps[step.previous].block : &m_graph.append();
             if (step.expression != nullptr)
                 step.block->m_expressions.push_back(step.expression);
         }

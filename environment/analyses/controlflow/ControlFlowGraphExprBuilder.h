@@ -14,9 +14,9 @@ class StatementBase;
 /// values, indices of designated initializers, initializers of static variables. Operators that evaluate an operand or
 /// not can be told to split: then the operands of `&&`, `||` and `?:` are expressions in blocks of their own and the
 /// operator is the edges between them, and so a comma around such an operator. An expression around them follows its
-/// operands, as a whole, in the block in which they come together: `x = a && b;` gives the blocks `a`, `b` and `x = a
-/// && b`. Operands whose order the language leaves open are taken from left to right. Statements inside an expression
-/// come before it.
+/// operands, as a whole, in the block in which they come together: `x = a && b;` gives the blocks `a`, `b` and
+/// `x = a && b`. Operands whose order the language leaves open are taken from left to right. Statements inside an
+/// expression come before it.
 ///
 /// Every way out of the statement leads to the exit: falling out of it, return, and jumps to places outside. Jumps from
 /// outside to a label inside come from the entry. A call that never returns leads nowhere.

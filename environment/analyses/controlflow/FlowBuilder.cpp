@@ -53,13 +53,13 @@ std::vector<ExpressionBase*> expressionsOf(const DeclarationBase* declaration) {
     return expressions;
 }
 
-/// Whether a label of a switch names a value; none when that is not known.
-std::optional<bool> isNamedBy(const CaseStatement& label, std::int64_t value) {
+/// Whether a label of a switch names a value of a type; none when that is not known.
+std::optional<bool> isNamedBy(const CaseStatement& label, ConstantValue value, const Type* type) {
     if (label.isDefault())
         return false;
-    const std::optional<std::int64_t> first = constantOf(*label.getValue());
-    const std::optional<std::int64_t> last =
-        label.getLastValue() != nullptr ? constantOf(*label.getLastValue()) : first;
+    const std::optional<ConstantValue> first = constantOf(*label.getValue(), type);
+    const std::optional<ConstantValue> last =
+        label.getLastValue() != nullptr ? constantOf(*label.getLastValue(), type) : first;
     return first && last ? std::optional(*first <= value && value <= *last) : std::nullopt;
 }
 
@@ -91,24 +91,27 @@ void FlowBuilder::run() {
 }
 
 void FlowBuilder::perform() {
-    switch (m_work.kind) {
-    case Work::Kind::Statement:
+    if (m_work.kind == Work::Kind::Statement) {
         m_work.node->accept(*this);
-        break;
+        return;
+    }
+    if (m_work.kind == Work::Kind::Choice) {
+        connectChoice();
+        return;
+    }
+    auto& expression = static_cast<ExpressionBase&>(*m_work.node);
+    switch (m_work.kind) {
     case Work::Kind::Value:
-        followValue(static_cast<ExpressionBase&>(*m_work.node));
+        followValue(expression);
         break;
     case Work::Kind::Condition:
-        followCondition(static_cast<ExpressionBase&>(*m_work.node));
+        followCondition(expression);
         break;
     case Work::Kind::Evaluation:
-        evaluate(static_cast<ExpressionBase&>(*m_work.node));
+        evaluate(expression);
         break;
-    case Work::Kind::Decision:
-        decide(static_cast<ExpressionBase&>(*m_work.node));
-        break;
-    case Work::Kind::Choice:
-        connectChoice();
+    default:
+        decide(expression);
         break;
     }
 }
@@ -298,14 +301,15 @@ void FlowBuilder::visit(SwitchStatement& node) {
 void FlowBuilder::connectChoice() {
     const Switch& choice = m_switches[m_work.switchNumber];
     const ExpressionBase* selector = choice.statement->getSelector();
-    const std::optional<std::int64_t> value = selector != nullptr ? constantOf(*selector) : std::nullopt;
+    const std::optional<ConstantValue> value =
+        selector != nullptr ? constantOf(*selector, selector->getType()) : std::nullopt;
     bool isKnown = value.has_value();
     std::optional<PointId> named;
     std::optional<PointId> standard;
     for (const auto& [label, point] : choice.labels) {
         if (label->isDefault())
             standard = point;
-        const std::optional<bool> isNamed = value ? isNamedBy(*label, *value) : std::nullopt;
+        const std::optional<bool> isNamed = value ? isNamedBy(*label, *value, selector->getType()) : std::nullopt;
         isKnown = isKnown && isNamed.has_value();
         if (isNamed.value_or(false))
             named = point;

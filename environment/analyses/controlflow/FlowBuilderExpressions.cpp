@@ -50,6 +50,20 @@ void FlowBuilder::addCondition(ExpressionBase* expression, PointId in, PointId w
     m_points.connect(in, whenFalse);
 }
 
+void FlowBuilder::addLeft(const BinaryExpression& binary, PointId between, PointId whenTrue, PointId whenFalse) {
+    switch (binary.getOperator()) {
+    case BinaryOperator::LogicalAnd:
+        addCondition(binary.getLeft(), m_work.in, between, whenFalse);
+        break;
+    case BinaryOperator::LogicalOr:
+        addCondition(binary.getLeft(), m_work.in, whenTrue, between);
+        break;
+    default: // a comma
+        addValue(binary.getLeft(), m_work.in, between);
+        break;
+    }
+}
+
 PointId FlowBuilder::walkParts(ExpressionBase& expression) {
     const std::vector<ExpressionBase*> parts = m_facts.partsOf(expression);
     if (parts.empty())
@@ -79,17 +93,7 @@ void FlowBuilder::followValue(ExpressionBase& expression) {
     } else {
         auto& binary = static_cast<BinaryExpression&>(expression);
         const PointId between = m_points.add();
-        switch (binary.getOperator()) {
-        case BinaryOperator::LogicalAnd:
-            addCondition(binary.getLeft(), m_work.in, between, out);
-            break;
-        case BinaryOperator::LogicalOr:
-            addCondition(binary.getLeft(), m_work.in, out, between);
-            break;
-        default: // a comma
-            addValue(binary.getLeft(), m_work.in, between);
-            break;
-        }
+        addLeft(binary, between, out, out);
         addValue(binary.getRight(), between, out);
     }
 }
@@ -117,17 +121,7 @@ void FlowBuilder::followCondition(ExpressionBase& expression) {
     } else {
         auto& binary = static_cast<BinaryExpression&>(expression);
         const PointId between = m_points.add();
-        switch (binary.getOperator()) {
-        case BinaryOperator::LogicalAnd:
-            addCondition(binary.getLeft(), m_work.in, between, whenFalse);
-            break;
-        case BinaryOperator::LogicalOr:
-            addCondition(binary.getLeft(), m_work.in, whenTrue, between);
-            break;
-        default: // a comma
-            addValue(binary.getLeft(), m_work.in, between);
-            break;
-        }
+        addLeft(binary, between, whenTrue, whenFalse);
         addCondition(binary.getRight(), between, whenTrue, whenFalse);
     }
 }

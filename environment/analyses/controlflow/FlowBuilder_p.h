@@ -115,6 +115,8 @@ private:
     void addValue(Kova::Tessel::ExpressionBase* expression, PointId in, PointId out);
     void addValues(const std::vector<Kova::Tessel::ExpressionBase*>& expressions, PointId in, PointId out);
     void addCondition(Kova::Tessel::ExpressionBase* expression, PointId in, PointId whenTrue, PointId whenFalse);
+    /// The first operand of one that is taken apart. @param between where the second one is reached.
+    void addLeft(const Kova::Tessel::BinaryExpression& binary, PointId between, PointId whenTrue, PointId whenFalse);
     void add(Work::Kind kind, Kova::Tessel::TesselBase& node, PointId in, PointId out, PointId otherwise = 0);
 
     void followValue(Kova::Tessel::ExpressionBase& expression);

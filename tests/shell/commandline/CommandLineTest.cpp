@@ -88,7 +88,7 @@ void CommandLineTest::helpNamesEveryOption() {
     const QString help = helpText();
     for (const char* option : {"--view NAME", "--function NAME", "--line N", "--export FILE", "--export-all DIR",
                                "--describe", "--print", "--list", "-I DIR", "-D NAME[=VALUE]", "--std STD", "--help", "--version",
-                               "call-graph", ".png .xpm .svg", "Exit status"})
+                               "call-graph", "control-flow", "source", ".png .xpm .svg", "Exit status"})
         QVERIFY2(help.contains(option), option);
     for (const QString& line : help.split('\n'))
         QVERIFY2(line.size() <= 80, qPrintable(line));

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void aProgramWithoutProceduresHasAPageOnly();
     void aFileInTheWayIsReported();
     void whatCannotBeWrittenIsReportedAndTheRestWritten();
+    void whatIsTooLargeForAnImageIsThereAsSvg();
 
 private:
     MessageLog m_log;
@@ -48,12 +49,13 @@ void GalleryTest::writesWhatIsWorthIt() {
     const OpenedProgram program = Testing::readProgram({folder.write("a.c", source)});
     Gallery gallery(program, folder.path("new/gallery"));
     QCOMPARE(gallery.write(), QStringList());
-    QCOMPARE(gallery.getPictureCount(), std::size_t(6)); // no calls of leaf: it calls nothing
-    QCOMPARE(filesIn(folder.path("new/gallery")),
-             QStringList({"call-graph-looping.png", "call-graph-looping.svg", "call-graph-main.png",
-                          "call-graph-main.svg", "call-graph-program.png", "call-graph-program.svg", "index.html",
-                          "source-leaf.png", "source-leaf.svg", "source-looping.png", "source-looping.svg",
-                          "source-main.png", "source-main.svg"}));
+    QCOMPARE(gallery.getPictureCount(), std::size_t(7)); // no calls of leaf: it calls nothing
+    QCOMPARE(
+        filesIn(folder.path("new/gallery")),
+        QStringList({"call-graph-looping.png", "call-graph-looping.svg", "call-graph-main.png", "call-graph-main.svg",
+                     "call-graph-program.png", "call-graph-program.svg", "expression-control-flow-looping.png",
+                     "expression-control-flow-looping.svg", "index.html", "source-leaf.png", "source-leaf.svg",
+                     "source-looping.png", "source-looping.svg", "source-main.png", "source-main.svg"}));
     QVERIFY(!QImage(folder.path("new/gallery/call-graph-main.png")).isNull());
     const QByteArray page = Testing::contentOf(folder.path("new/gallery/index.html"));
     QVERIFY(page.contains("subroutine looping"));
@@ -100,6 +102,24 @@ void GalleryTest::whatCannotBeWrittenIsReportedAndTheRestWritten() {
     const QByteArray page = Testing::contentOf(folder.path("gallery/index.html"));
     QVERIFY(page.contains("call-graph-main.svg"));
     QVERIFY(!page.contains("call-graph-main.png"));
+}
+
+// A statement and the distance to the next one take more than 22 units, which makes more than 32,767.
+void GalleryTest::whatIsTooLargeForAnImageIsThereAsSvg() {
+    const Testing::SourceFolder folder;
+    QByteArray text = "void f(int n) {\n    if (n)\n        return;\n";
+    for (int i = 0; i < 1500; ++i)
+        text += "    n++;\n";
+    const OpenedProgram program = Testing::readProgram({folder.write("a.c", text + "}\n")});
+    Gallery gallery(program, folder.path("gallery"));
+    QCOMPARE(gallery.write(), QStringList());
+    const QStringList files = filesIn(folder.path("gallery"));
+    QVERIFY(files.contains("control-flow-f.svg"));
+    QVERIFY(!files.contains("control-flow-f.png"));
+    QVERIFY(files.contains("expression-control-flow-f.png"));
+    const QByteArray page = Testing::contentOf(folder.path("gallery/index.html"));
+    QVERIFY(page.contains("control-flow-f.svg"));
+    QVERIFY(!page.contains("\"control-flow-f.png"));
 }
 
 } // namespace Kova::Shell

@@ -107,6 +107,9 @@ void PictureTest::tooManyPixelsAreRefused() {
     QVERIFY2(error.contains("40000 x 10"), qPrintable(error));
     QVERIFY(!QFile::exists(folder.path("a.png")));
     QCOMPARE(exportPicture(widget, folder.path("a.svg")), QString());
+    QVERIFY(!fitsImage(widget));
+    QVERIFY(!fitsImage(BoxWidget(QSize(10, 32768))));
+    QVERIFY(fitsImage(BoxWidget(QSize(32767, 32767))));
 }
 
 void PictureTest::unknownSuffix() {

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void program();
     void subroutine();
     void statements();
+    void holdsWhatIsBelow();
 };
 
 void SubjectTest::none() {
@@ -85,6 +86,23 @@ void SubjectTest::statements() {
     QCOMPARE(loop.getSubroutine(), function);
     QCOMPARE(loop.getStatement(), body.getStatement(1));
     QCOMPARE(loop.getLine(), 3U);
+}
+
+void SubjectTest::holdsWhatIsBelow() {
+    const Testing::SourceFolder folder;
+    const OpenedProgram opened =
+        Testing::readProgram({folder.write("a.c", "void f(int n) { while (n) n--; n = 2; }\n")});
+    auto* function = dynamic_cast<Tessel::SubroutineDeclaration*>(opened.getUnit().getTranslationUnit(0)->getChild(0));
+    QVERIFY(function != nullptr);
+    Tessel::StatementBase& loop = *function->getBody()->getStatement(0);
+    Tessel::StatementBase& last = *function->getBody()->getStatement(1);
+    QVERIFY(Subject(loop).holds(loop));
+    QVERIFY(Subject(loop).holds(*loop.getChild(0)));
+    QVERIFY(!Subject(loop).holds(last));
+    QVERIFY(!Subject(loop).holds(*function));
+    QVERIFY(Subject(*function).holds(last));
+    QVERIFY(Subject(opened.getUnit()).holds(last));
+    QVERIFY(!Subject().holds(last));
 }
 
 } // namespace Kova::Shell

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void aBlockIsItself();
     void aLoopStandsForTheBlockAroundIt();
     void aProgramHasNone();
+    void statementsAreThemselves();
     void eachBlockWithLoopsOnce();
 
 private:
@@ -71,6 +72,15 @@ void SubjectBlockTest::aProgramHasNone() {
     QVERIFY(blockOf(Subject(m_program.getUnit())) == nullptr);
     QVERIFY(blockOf(Subject()) == nullptr);
     QVERIFY(!isBlockWithLoops(Subject(m_program.getUnit())));
+}
+
+void SubjectBlockTest::statementsAreThemselves() {
+    QCOMPARE(statementOf(Subject(*m_f.subroutine)), static_cast<Tessel::StatementBase*>(m_f.subroutine->getBody()));
+    Tessel::LoopStatement* loop = m_f.loops.at(0).loop;
+    QCOMPARE(statementOf(Subject(*loop)), static_cast<Tessel::StatementBase*>(loop));
+    QCOMPARE(statementOf(Subject(*loop->getBody()->getStatement(0))), loop->getBody()->getStatement(0));
+    QVERIFY(statementOf(Subject(m_program.getUnit())) == nullptr);
+    QVERIFY(statementOf(Subject()) == nullptr);
 }
 
 // The body of f has three loops; its picture is the subroutine's. The block of the if has two, and one picture.

@@ -271,10 +271,10 @@ void ControlFlowGraphWidgetTest::nothingIsToldOfAClearedPicture() {
     TestedFlowWidget widget;
     auto sample = std::make_unique<FlowSample>();
     widget.onNewBlock(sample->block.get(), true);
-    const NodeBase* gone = &widget.node(0);
+    const NodeBase* gone = &widget.node(1);
     widget.clear();
-    QVERIFY(widget.findStatement(gone) == nullptr);
     sample.reset();
+    QVERIFY(widget.findStatement(gone) == nullptr);
     QVERIFY(widget.getTransfer(0).from == nullptr);
     QVERIFY(widget.getExternalNode() == nullptr);
     // Nodes of a later picture may stand where those of an earlier one stood.
