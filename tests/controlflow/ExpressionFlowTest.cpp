@@ -78,9 +78,14 @@ TEST(ExpressionFlowTest, whatIsNotEvaluated) {
               "exit\nexit\n");
 }
 
+TEST(ExpressionFlowTest, indicesOfInitializersAreConstants) {
+    EXPECT_EQ(blocks("int v[] = { [1 ? 2 : 3] = a };"), "entry: 1\n1 [{ [1 ? 2 : 3] = a }]: exit\nexit\n");
+}
+
 TEST(ExpressionFlowTest, declarationsEvaluateLengthsAndInitializers) {
     EXPECT_EQ(blocks("int v[a + 1], w = b;"), "entry: 1\n1 [a + 1] [b]: exit\nexit\n");
     EXPECT_EQ(blocks("typedef int T[a]; T v;"), "entry: 1\n1 [a]: exit\nexit\n");
+    EXPECT_EQ(blocks("int (*v)[a] = 0;"), "entry: 1\n1 [a] [0]: exit\nexit\n");
     EXPECT_EQ(blocks("int v[a ? b : c];"), "entry: 1\n1 [a]: +2, -3\n2 [b]: exit\n3 [c]: exit\nexit\n");
     EXPECT_EQ(blocks("int v, w;"), "entry: exit\nexit\n");
 }

@@ -282,6 +282,11 @@ TEST(StatementFlowTest, blocksInsideAreInTheirSurroundings) {
                                                                    "y: {}#3\n"
                                                                    "z: {}#2\n");
     EXPECT_EQ(FlowOf("while (a) {} x;").statementsOf("{while a}"), "{while a}:\n");
+    // Only here the block of an else-if is there.
+    EXPECT_EQ(FlowOf("if (a) x; else if (b) y; z;").statementsOf("{else of a}"), "{else of a}: if b, <z>\n"
+                                                                                 "if b: +{if b}, -{else of a}\n"
+                                                                                 "{if b}: y, {else of a}\n"
+                                                                                 "y: {if b}\n");
 }
 
 TEST(StatementFlowTest, declarationsAreStatements) {
