@@ -17,10 +17,13 @@ void tellWithoutGraphviz(const std::string& tag) {
     if (told)
         return;
     told = true;
-    const std::string reason =
-        hasGraphviz() ? "Graphviz's program 'dot' failed" : "Graphviz's program 'dot' is missing";
-    getOutputConsole(tag, true).log(Console::AuxUnavailable,
-                                    reason + ": blocks are placed plainly. The Debian package graphviz brings it.");
+    const std::string text = hasGraphviz()
+                                 ? "Graphviz's program 'dot' failed: blocks are placed plainly. The Debian package "
+                                   "graphviz brings it; its files /tmp/1.dot and /tmp/1.dot.plain must not be "
+                                   "somebody else's or in use by another run."
+                                 : "Graphviz's program 'dot' is missing: blocks are placed plainly. The Debian package "
+                                   "graphviz brings it.";
+    getOutputConsole(tag, true).log(Console::AuxUnavailable, text);
 }
 
 } // namespace Kova::Shell

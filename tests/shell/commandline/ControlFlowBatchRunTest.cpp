@@ -146,7 +146,8 @@ void ControlFlowBatchRunTest::aFailureOfGraphvizIsTold() {
     QVERIFY(graphviz.wasRun());
     QCOMPARE(finished.status, 0);
     QCOMPARE(finished.error, QByteArray("kova-shell: Graphviz's program 'dot' failed: blocks are placed plainly. The "
-                                        "Debian package graphviz brings it.\n"));
+                                        "Debian package graphviz brings it; its files /tmp/1.dot and /tmp/1.dot.plain "
+                                        "must not be somebody else's or in use by another run.\n"));
 }
 
 void ControlFlowBatchRunTest::manyBlocksAreWarnedOf() {
