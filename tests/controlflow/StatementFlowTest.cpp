@@ -146,6 +146,12 @@ TEST(StatementFlowTest, assemblyLeadsOnAndToItsLabels) {
     EXPECT_EQ(FlowOf("asm(\"K\"); x; K: y;").statements().find("@K:"), std::string::npos);
 }
 
+TEST(StatementFlowTest, directivesLeadOnWhateverTheyName) {
+    const std::string text = FlowOf("x;\n#pragma advice goto K\ny; K: z;").statements();
+    EXPECT_NE(text.find("#pragma advice goto K"), std::string::npos) << text;
+    EXPECT_EQ(text.find("@K:"), std::string::npos) << text;
+}
+
 TEST(StatementFlowTest, callsThatNeverReturn) {
     for (const char* call : {"stop()", "quit(a)", "g(quit(a))", "x = quit(a) + b", "(stop(), x)", "quit(a) && b",
                              "a ? stop() : stop()", "(*quit)(a)", "x[&y] = quit(a)"})
